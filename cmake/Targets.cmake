@@ -1,0 +1,49 @@
+# What all our own targets share. Third-party code is built without it.
+include_guard()
+
+option(APPCOMM_ANNOTATIONS_ONLY "Build the module without tests, to let clang check the lock annotations" OFF)
+
+# Warnings are errors. Interfaces fixed by contract return `const` values, hence the one exception.
+function(appcomm_own_target target)
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  target_link_libraries(${target} PRIVATE Threads::Threads)
+  if(MSVC)
+    target_compile_options(${target} PRIVATE /W4 /WX /EHs /utf-8)
+  else()
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -Wno-ignored-qualifiers)
+  endif()
+  if(APPCOMM_ANNOTATIONS_ONLY)
+    target_compile_options(${target} PRIVATE -Wthread-safety -Werror=thread-safety)
+    target_compile_definitions(${target} PRIVATE _LIBCPP_ENABLE_THREAD_SAFETY_ANNOTATIONS)
+  endif()
+  if(NOT WIN32)
+    # The host has no windows.h of its own: ours scripts every call.
+    target_include_directories(${target} SYSTEM PRIVATE "${CMAKE_SOURCE_DIR}/tests/fakes/platform")
+  endif()
+endfunction()
+
+# The shared C++ runtime goes beside the programs. Shared pointers, exceptions and std::any cross the border between the
+# application, the module and the maker's libraries, so all of them must run on one runtime.
+function(appcomm_copy_runtime)
+  if(NOT MINGW)
+    return()
+  endif()
+  foreach(name libstdc++-6.dll libgcc_s_seh-1.dll libwinpthread-1.dll)
+    execute_process(
+      COMMAND ${CMAKE_CXX_COMPILER} -print-file-name=${name}
+      OUTPUT_VARIABLE path
+      OUTPUT_STRIP_TRAILING_WHITESPACE COMMAND_ERROR_IS_FATAL ANY)
+    if(NOT IS_ABSOLUTE "${path}")
+      message(FATAL_ERROR "The compiler does not know where its ${name} is. Install g++-mingw-w64-x86-64-posix.")
+    endif()
+    file(COPY "${path}" DESTINATION "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
+  endforeach()
+endfunction()
+
+# Exports are what the sources mark, nothing else.
+function(appcomm_windows_library target)
+  set_target_properties(${target} PROPERTIES PREFIX "")
+  if(MINGW)
+    target_link_options(${target} PRIVATE -Wl,--exclude-all-symbols -Wl,--no-undefined)
+  endif()
+endfunction()

@@ -1,0 +1,120 @@
+#pragma once
+
+#if !defined(WIN32_LEAN_AND_MEAN)
+#define WIN32_LEAN_AND_MEAN
+#endif
+#if !defined(NOMINMAX)
+#define NOMINMAX
+#endif
+#include <windows.h>
+
+#include <cstdint>
+
+#include "Export.h"
+
+namespace BaseWnd {
+
+/// A thin wrapper around one window handle.
+///
+/// `Notice` is called on the module's threads; every other member belongs to the thread of the window. The wrapper does not own
+/// the window: this class destroys nothing. The virtual operations stand in the order of the exported virtual table.
+class APPCOMM_API BaseWindow {
+ public:
+  BaseWindow() = default;
+  virtual ~BaseWindow();
+  BaseWindow(const BaseWindow&) = delete;
+  BaseWindow& operator=(const BaseWindow&) = delete;
+
+  /// Does nothing here; derived classes destroy their window.
+  virtual void Destroy();
+  /// A task's result is ready. `code` is the one given to the task. False: no further results are wanted, and the task is
+  /// dropped. Runs on a handler's thread, which waits for it: forward with `AppWnd::CWnd::ThreadToSelf` and return.
+  virtual bool Notice(long code) const;
+  /// Sends a message to the parent window, or to the window itself, and waits for the answer, which is returned.
+  virtual __int64 SendParentMsg(unsigned msg, unsigned __int64 wParam, __int64 lParam) const;
+  virtual __int64 SendSelfMsg(unsigned msg, unsigned __int64 wParam, __int64 lParam) const;
+  virtual void Show() const;
+  virtual void Show(int cmd) const;
+  virtual void Hide() const;
+  virtual bool IsVisible() const;
+  virtual void Enable() const;
+  virtual void Disable() const;
+  virtual bool IsEnable() const;
+  /// False for a null handle, without asking the system.
+  virtual bool IsWindow() const;
+  /// Pixels of the parent's client area. Ends with `ReDraw(true)`.
+  virtual void Move(int x, int y, int width, int height) const;
+  /// `r.right` and `r.bottom` are taken as width and height: callers hand in rectangles that hold a size there.
+  virtual void Move(const RECT& r) const;
+  virtual void ReDraw(bool erase) const;
+  virtual void GetClientRect(RECT& rect) const;
+  virtual void GetClientSize(SIZE& size) const;
+
+  HWND GetWnd() const;
+  void SetWnd(HWND handle);
+  HWND GetParentWnd() const;
+
+ private:
+  HWND m_handle = nullptr;
+};
+
+/// A modeless dialog. Its window is destroyed with the object.
+class APPCOMM_API BaseDlgWnd : public BaseWindow {
+ public:
+  ~BaseDlgWnd() override;
+
+  void Destroy() override;
+  virtual bool Create(HWND parent) = 0;
+  virtual __int64 RunProc(unsigned msg, unsigned __int64 wParam, __int64 lParam) = 0;
+
+ protected:
+  /// Makes the dialog from the resource `resourceId` of `instance`; true when there is a window.
+  bool CreateWnd(HINSTANCE instance, HWND parent, unsigned short resourceId);
+
+ private:
+  /// The window procedure, from the control library.
+  static __int64 Proc(HWND window, unsigned msg, unsigned __int64 wParam, __int64 lParam);
+};
+
+/// A modal dialog. The two values of its constructor are kept for derived classes. The object outlives `Create`: the system
+/// sends the dialog its last messages only after it was told to end.
+class APPCOMM_API BaseDlgBox : public BaseWindow {
+ public:
+  BaseDlgBox(long first, long second);
+  ~BaseDlgBox() override;
+
+  void Destroy() override;
+  virtual bool Create(HWND parent) = 0;
+  virtual __int64 RunProc(unsigned msg, unsigned __int64 wParam, __int64 lParam) = 0;
+
+ protected:
+  /// Runs the dialog from the resource `resourceId` of `instance` to its end; true when it ended with the value 1.
+  bool Create(HINSTANCE instance, HWND parent, unsigned short resourceId);
+  void EndDialog(__int64 result);
+
+  long m_first;
+  long m_second;
+
+ private:
+  /// The window procedure, from the control library.
+  static __int64 Proc(HWND window, unsigned msg, unsigned __int64 wParam, __int64 lParam);
+};
+
+/// A standard child control whose window procedure is replaced. Nothing is restored when the object goes.
+class APPCOMM_API BaseCtrlStd : public BaseWindow {
+ public:
+  /// Takes over the control `id` of `dialog`; true when there is one.
+  virtual bool GetDlgItem(HWND dialog, int id);
+  /// What the control itself did with the message before it was taken over.
+  virtual __int64 RunProc(unsigned msg, unsigned __int64 wParam, __int64 lParam);
+
+ private:
+  /// The window procedure, from the control library.
+  static __int64 Proc(HWND window, unsigned msg, unsigned __int64 wParam, __int64 lParam);
+
+  std::int32_t m_id = 0;
+  void* m_data = nullptr;
+  WNDPROC m_previousProc = nullptr;
+};
+
+}  // namespace BaseWnd
