@@ -1,0 +1,69 @@
+#include <gtest/gtest.h>
+
+#include "BaseWindow.h"
+#include "wnd/WindowCalls.h"
+
+namespace {
+
+using BaseWnd::BaseCtrlStd;
+
+// Notes the user data and the procedure that the control is given.
+class ControlPlatform : public WindowCalls {
+ public:
+  ControlPlatform() {
+    answer("GetDlgItem", 9);
+    answer("SetWindowLongPtrW", 55);  // the former procedure
+  }
+  LONG_PTR SetWindowLongPtrW(HWND window, int index, LONG_PTR value) override {
+    (index == GWLP_USERDATA ? userData : procedure) = value;
+    return WindowCalls::SetWindowLongPtrW(window, index, 0);
+  }
+  LONG_PTR userData = 0;
+  LONG_PTR procedure = 0;
+};
+
+TEST(BaseCtrlStd, TakesTheControlOverAndKeepsItsProcedure) {
+  ControlPlatform platform;
+  const fakes::Installed installed(platform);
+  BaseCtrlStd control;
+
+  EXPECT_TRUE(control.GetDlgItem(handle(4), 1001));
+  EXPECT_EQ(platform.calls(), (Calls{"GetDlgItem(4, 1001)", "SetWindowLongPtrW(9, -21, 0)", "SetWindowLongPtrW(9, -4, 0)"}));
+  EXPECT_EQ(control.GetWnd(), handle(9));
+  EXPECT_EQ(platform.userData, reinterpret_cast<LONG_PTR>(&control));
+  EXPECT_NE(platform.procedure, 0);
+}
+
+TEST(BaseCtrlStd, RunProcHandsTheMessageToTheFormerProcedure) {
+  ControlPlatform platform;
+  const fakes::Installed installed(platform);
+  BaseCtrlStd control;
+  control.GetDlgItem(handle(4), 1001);
+  platform.answer("CallWindowProcW", 0x123456789LL);
+
+  EXPECT_EQ(control.RunProc(1, 2, -3), 0x123456789LL);
+  EXPECT_EQ(platform.calls().back(), "CallWindowProcW(55, 9, 1, 2, -3)");
+}
+
+TEST(BaseCtrlStd, IsFalseWithoutAControl) {
+  ControlPlatform platform;
+  platform.answer("GetDlgItem", 0);
+  const fakes::Installed installed(platform);
+  BaseCtrlStd control;
+  EXPECT_FALSE(control.GetDlgItem(handle(4), 1001));
+  EXPECT_EQ(control.GetWnd(), nullptr);
+}
+
+TEST(BaseCtrlStd, RestoresAndDestroysNothing) {
+  ControlPlatform platform;
+  const fakes::Installed installed(platform);
+  {
+    BaseCtrlStd control;
+    control.GetDlgItem(handle(4), 1001);
+    control.Destroy();
+    EXPECT_EQ(control.GetWnd(), handle(9));
+  }
+  EXPECT_EQ(platform.calls().size(), 3U);
+}
+
+}  // namespace
