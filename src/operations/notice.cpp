@@ -1,0 +1,18 @@
+#include "operations/Notice.h"
+
+#include "AppWindow.h"
+
+namespace {
+
+void tellWindow(AppComm::Node& task) {
+  task.setUpdate();
+  const auto window = task.getWnd();
+  if (!window->Notice(task.getCode())) task.setDelete();
+}
+
+}  // namespace
+
+void notice_caller(comm::CNode& entry) {
+  tellWindow(*entry.current());
+  for (std::size_t index = 0; const auto observer = entry.observer(index); ++index) tellWindow(*observer);
+}

@@ -1,0 +1,99 @@
+#include <utility>
+
+#include "operations/OperationTest.h"
+
+namespace {
+
+std::string narrow(const std::wstring& text) { return {text.begin(), text.end()}; }  // all texts are ASCII
+
+}  // namespace
+
+Journal::Journal(const support::LogLines& lines, std::string function)
+    : m_lines(lines), m_function(std::move(function)), m_taken(lines.all().size()) {}
+
+void Journal::add(std::string entry) {
+  takeLines();
+  m_entries.push_back(std::move(entry));
+}
+
+std::vector<std::string> Journal::entries() {
+  takeLines();
+  return m_entries;
+}
+
+void Journal::takeLines() {
+  const auto lines = m_lines.all();
+  for (; m_taken < lines.size(); ++m_taken) {
+    const auto& line = lines[m_taken];
+    EXPECT_GT(line.number, 0) << testing::PrintToString(line);
+    const auto from = line.function == m_function ? std::string() : line.function + ": ";
+    m_entries.push_back(line.tag + ' ' + from + narrow(line.message));
+  }
+}
+
+NoticeWindow::NoticeWindow(Action action)
+    : CWnd([]() -> const qzstd::Rect& {
+        static const qzstd::Rect nowhere;
+        return nowhere;
+      }()),
+      m_action(std::move(action)) {}
+
+bool NoticeWindow::Notice(long code) const { return m_action ? m_action(code) : true; }
+bool NoticeWindow::Create(HWND /*parent*/) { return false; }
+__int64 NoticeWindow::RunProc(unsigned /*msg*/, unsigned __int64 /*wParam*/, __int64 /*lParam*/) { return 0; }
+
+void ScriptedPrinter::record(const std::string& call) {
+  MakerLibraries::record(call);
+  m_journal.add(call);
+}
+
+int ScriptedPrinter::AppMgr_GetPrintingJob(const wchar_t* /*managerId*/) {
+  if (whileAskingJobs) whileAskingJobs();
+  return jobs;
+}
+
+int ScriptedPrinter::AppMgr_CheckIpChange(qzstd::PrinterInfo* /*printer*/, bool* changed) {
+  if (addressChanged) *changed = *addressChanged;
+  return 0;
+}
+
+int ScriptedPrinter::AppPrinterSdk_GetState(qzstd::PrinterInfo* printer) {
+  if (whileReading) whileReading(*printer);
+  return stateResult;
+}
+
+bool ScriptedPrinter::AppPrinterSdk_IsSuppportPushScan(qzstd::PrinterInfo* /*printer*/) { return pushScan; }
+
+OperationTest::OperationTest(std::string function) : journal(logging.lines(), std::move(function)) {}
+
+std::shared_ptr<qzstd::PrinterInfo> OperationTest::newPrinter(const std::wstring& uid) {
+  auto made = std::make_shared<qzstd::PrinterInfo>();
+  made->name = uid;
+  made->uid = uid;
+  made->managerId = L"manager-id";
+  return made;
+}
+
+std::shared_ptr<NoticeWindow> OperationTest::window(bool wanted) {
+  return std::make_shared<NoticeWindow>([this, wanted](long code) {
+    journal.add("notice " + std::to_string(code));
+    return wanted;
+  });
+}
+
+std::shared_ptr<AppComm::Node> OperationTest::task(long code, std::any resource, bool wanted) {
+  return taskFor(printer, code, std::move(resource), wanted);
+}
+
+std::shared_ptr<AppComm::Node> OperationTest::taskFor(std::shared_ptr<qzstd::PrinterInfo> of, long code, std::any resource,
+                                                      bool wanted) {
+  auto made = AppComm::Node::Instance(std::move(of), window(wanted), code, type);
+  made->setResource(std::move(resource));
+  return made;
+}
+
+std::shared_ptr<comm::CNode> entryOf(const std::vector<std::shared_ptr<AppComm::Node>>& tasks) {
+  auto entry = std::make_shared<comm::CNode>(tasks.at(0));
+  for (std::size_t index = 1; index < tasks.size(); ++index) entry->addObserver(tasks[index]);
+  return entry;
+}
