@@ -1,0 +1,81 @@
+#pragma once
+
+#include <tinyxml2.h>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace simulator {
+
+using Names = std::span<const std::string_view>;
+
+/// The names in a table whose rows have one.
+template <typename Row, std::size_t count>
+constexpr std::array<std::string_view, count> namesOf(const std::array<Row, count>& table) {
+  std::array<std::string_view, count> names;
+  for (std::size_t i = 0; i < count; ++i) names[i] = table[i].name;
+  return names;
+}
+
+/// "a, b, c"
+std::string listed(Names names);
+
+/// One element of an XML file that is read without forgiveness. Every mistake is a `ScenarioError` with file and line.
+/// The document and `file` outlive it.
+class StrictElement {
+ public:
+  StrictElement(const tinyxml2::XMLElement& element, const std::string& file) : m_element(&element), m_file(&file) {}
+
+  std::string_view name() const { return m_element->Name(); }
+  int line() const { return m_element->GetLineNum(); }
+
+  /// Fails on an attribute or a child that is not named here, and on text between children.
+  void allow(Names attributes, Names children = {}) const;
+  void allow(std::initializer_list<std::string_view> attributes, std::initializer_list<std::string_view> children = {}) const {
+    allow(Names(attributes.begin(), attributes.size()), Names(children.begin(), children.size()));
+  }
+
+  std::vector<StrictElement> children() const { return children({}); }
+  std::vector<StrictElement> children(std::string_view name) const;
+
+  bool has(std::string_view attribute) const { return find(attribute) != nullptr; }
+
+  /// The raw UTF-8 of an attribute that must be there.
+  std::string_view raw(std::string_view attribute) const;
+  /// A text of 1 to 256 characters that must be there.
+  std::wstring identifier(std::string_view attribute) const;
+  /// A text of at most 4096 characters, `fallback` when it is not there.
+  std::wstring text(std::string_view attribute, std::wstring fallback = {}) const;
+  /// A whole number; the attribute must be there unless there is a fallback.
+  std::int64_t number(std::string_view attribute, std::int64_t min, std::int64_t max,
+                      std::optional<std::int64_t> fallback = std::nullopt) const;
+  /// The place of the attribute's value among `choices`.
+  std::size_t choice(std::string_view attribute, Names choices, std::optional<std::size_t> fallback = std::nullopt) const;
+  bool yesNo(std::string_view attribute, std::optional<bool> fallback = std::nullopt) const;
+
+  /// "attribute 'x' of <y> is 'z'; right is <right>"
+  [[noreturn]] void wrong(std::string_view attribute, const std::string& right) const;
+  [[noreturn]] void fail(const std::string& what) const;
+
+ private:
+  const tinyxml2::XMLAttribute* find(std::string_view attribute) const;
+  std::wstring wide(std::string_view attribute, std::size_t min, std::size_t max) const;
+
+  const tinyxml2::XMLElement* m_element;
+  const std::string* m_file;
+};
+
+[[noreturn]] void failAt(const std::string& file, int line, const std::string& what);
+
+/// Parses `text` into `document` and returns its only element, which must be called `name`.
+StrictElement parseStrictly(tinyxml2::XMLDocument& document, std::string_view text, const std::string& file,
+                            std::string_view name);
+
+}  // namespace simulator

@@ -1,0 +1,44 @@
+#include <fstream>
+#include <iterator>
+#include <utility>
+
+#include "simulator/Environment.h"
+#include "simulator/Limits.h"
+#include "simulator/ScenarioReader.h"
+#include "simulator/Simulation.h"
+
+namespace simulator {
+namespace {
+
+std::string contentsOf(const std::filesystem::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  std::string text(largestFile + 1, '\0');
+  if (file) file.read(text.data(), static_cast<std::streamsize>(text.size()));
+  if (!file.is_open() || file.bad() || (file.fail() && !file.eof())) {
+    throw ScenarioError(shown(path) + ": cannot be read; right is the path of a scenario file, as in " + scenarioVariable);
+  }
+  text.resize(static_cast<std::size_t>(file.gcount()));
+  if (text.size() > largestFile) {
+    throw ScenarioError(shown(path) + ": larger than " + std::to_string(largestFile) + " bytes; right is a smaller scenario");
+  }
+  return text;
+}
+
+Scenario readFile(const std::filesystem::path& path) { return readScenario(contentsOf(path), shown(path)); }
+
+}  // namespace
+
+Scenario readScenarioFromEnvironment() {
+  const std::filesystem::path path = scenarioPathFromEnvironment();
+  return path.empty() ? readScenario(defaultScenario, "built-in scenario") : readFile(path);
+}
+
+void loadScenarioText(std::string_view xml, std::string_view name) {
+  Simulation::instance().load(readScenario(xml, std::string(name)));
+}
+
+void loadScenarioFile(const std::filesystem::path& file) { Simulation::instance().load(readFile(file)); }
+
+void loadScenario() { Simulation::instance().load(readScenarioFromEnvironment()); }
+
+}  // namespace simulator

@@ -1,0 +1,36 @@
+/// How a process with the module ends, and how the module leaves a process that goes on.
+
+#include <algorithm>
+
+#include "module/ClientTest.h"
+
+namespace {
+
+class ModuleEndTest : public ClientTest {};
+
+// What the printer, or the interval, would take is far beyond the patience with the child.
+TEST_F(ModuleEndTest, ProcessThatExitsWithoutStopInAWaitEndsAtOnce) { run(L"module_client.exe", L"exit-in-wait"); }
+
+TEST_F(ModuleEndTest, ProcessThatExitsWithoutStopInAHandlerEndsAtOnce) { run(L"module_client.exe", L"exit-in-handler"); }
+
+TEST_F(ModuleEndTest, ProcessThatExitsWithoutStopWritesTheDetachLineLast) {
+  configure("Debug=1\r\n");
+  run(L"module_client.exe", L"exit-in-handler");
+  EXPECT_EQ(log().back().message, L"App Communication DLL Detach.");
+}
+
+TEST_F(ModuleEndTest, ModuleIsUnloadedAndLoadedAgainOnceItsThreadsAreGone) {
+  constexpr int kRounds = 5;
+  configure("Debug=1\r\n");
+  run(L"module_loader.exe", std::to_wstring(kRounds));
+
+  std::vector<int> milestones;  // attach, leave, detach
+  for (const auto& line : log()) {
+    if (line.number == 264 || line.number == 240 || line.number == 271) milestones.push_back(line.number);
+  }
+  std::vector<int> expected;
+  for (int round = 0; round < kRounds; ++round) expected.insert(expected.end(), {264, 240, 271});
+  EXPECT_EQ(milestones, expected);
+}
+
+}  // namespace

@@ -1,0 +1,35 @@
+# The stand-ins export the functions that their headers declare and nothing else; the simulation only its own names, so neither
+# tinyxml2 nor the standard library.
+#   cmake -DOBJDUMP=... -DLIBRARIES=a.dll,b.dll -DHEADERS=a.h,b.h -DSIMULATION=s.dll -P check_exports.cmake
+
+function(exports_of library result)
+  execute_process(COMMAND "${OBJDUMP}" -p "${library}" OUTPUT_VARIABLE text COMMAND_ERROR_IS_FATAL ANY)
+  string(FIND "${text}" "[Ordinal/Name Pointer] Table" start)
+  if(start EQUAL -1)
+    message(FATAL_ERROR "${library} has no export table.")
+  endif()
+  string(SUBSTRING "${text}" ${start} -1 text)
+  string(REGEX MATCHALL "\n\t\\[ *[0-9]+\\] [^\n]+" lines "${text}")
+  list(TRANSFORM lines REPLACE "\n\t\\[ *[0-9]+\\] " "")
+  list(SORT lines)
+  set(${result} "${lines}" PARENT_SCOPE)
+endfunction()
+
+string(REPLACE "," ";" libraries "${LIBRARIES}")
+string(REPLACE "," ";" headers "${HEADERS}")
+foreach(library header IN ZIP_LISTS libraries headers)
+  exports_of("${library}" exports)
+  file(STRINGS "${header}" declarations REGEX "^[A-Z]+_API ")
+  list(TRANSFORM declarations REPLACE "^[A-Z]+_API [a-z_0-9]+ ([A-Za-z_]+).*" "\\1")
+  list(SORT declarations)
+  if(NOT declarations OR NOT exports STREQUAL declarations)
+    message(FATAL_ERROR "${library} exports '${exports}'; ${header} declares '${declarations}'.")
+  endif()
+endforeach()
+
+exports_of("${SIMULATION}" exports)
+list(LENGTH exports count)
+list(FILTER exports EXCLUDE REGEX "^_ZN9simulator[0-9]")
+if(exports OR count EQUAL 0)
+  message(FATAL_ERROR "${SIMULATION} exports ${count} names, among them '${exports}'; right are functions of its own only.")
+endif()
