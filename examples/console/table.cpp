@@ -1,0 +1,159 @@
+#include "console/Table.h"
+
+#include <algorithm>
+#include <array>
+
+namespace console {
+namespace {
+
+struct Column {
+  const wchar_t* heading;
+  std::size_t width;
+};
+
+// The supplies, behind these, get the rest of the line.
+constexpr std::array<Column, 6> kColumns{{
+    {L"PRINTER", 20},
+    {L"CONNECTION", 10},
+    {L"STATUS", 12},
+    {L"JOBS", 5},
+    {L"QUERIED", 12},
+    {L"LAST NOTICE", 11},
+}};
+constexpr const wchar_t* kSuppliesHeading = L"SUPPLIES";
+constexpr std::size_t kSuppliesInLine = 60;
+constexpr std::size_t kNameInSummary = 60;
+
+struct Range {
+  wchar_t first;
+  wchar_t last;
+};
+
+// Controls, and what is invisible, turns the direction of the line or breaks it.
+constexpr std::array<Range, 6> kUnprintable{{
+    {0x00, 0x1f},
+    {0x7f, 0x9f},
+    {0x200b, 0x200f},
+    {0x2028, 0x202e},
+    {0x2060, 0x206f},
+    {0xfeff, 0xfeff},
+}};
+
+bool isUnprintable(wchar_t unit) {
+  return std::ranges::any_of(kUnprintable, [unit](const Range& range) { return unit >= range.first && unit <= range.last; });
+}
+
+bool isFirstOfPair(wchar_t unit) { return unit >= 0xd800 && unit < 0xdc00; }
+
+// At most `width` characters, the last of them a "~" when there were more.
+std::wstring cut(const std::wstring& text, std::size_t width) {
+  if (text.size() <= width) return text;
+  auto shown = text.substr(0, width - 1);
+  if (!shown.empty() && isFirstOfPair(shown.back())) shown.pop_back();
+  return shown + L'~';
+}
+
+std::wstring shown(const std::wstring& text, std::size_t width) { return printable(cut(text, width)); }
+
+std::wstring connectionText(std::int32_t kind) {
+  if (kind == 0) return L"USB";
+  if (kind == 1) return L"network";
+  return L"kind " + std::to_wstring(kind);
+}
+
+std::wstring statusText(const Row& row) {
+  if (row.reads == row.failures) return L"unknown";
+  if (row.last->deviceStatus == 0) return L"ready";
+  return L"status " + std::to_wstring(row.last->deviceStatus);
+}
+
+std::wstring queriedText(const AppComm::State& state) {
+  if (!state.queried) return L"no";
+  return state.result == 0 ? L"yes" : L"failed " + std::to_wstring(state.result);
+}
+
+std::wstring suppliesText(const Row& row, std::size_t width) {
+  if (!row.last || row.last->supplies.empty()) return L"-";
+  std::wstring text;
+  for (const auto& supply : row.last->supplies) {
+    if (text.size() > width) break;  // a printer may report thousands
+    if (!text.empty()) text += L' ';
+    text += supply.color + L' ' + std::to_wstring(supply.percent) + L'%';
+  }
+  return shown(text, width);
+}
+
+std::wstring secondsText(std::chrono::milliseconds time) {
+  return std::to_wstring(time.count() / 1000) + L'.' + std::to_wstring(time.count() % 1000 / 100) + L" s";
+}
+
+using Cells = std::array<std::wstring, kColumns.size()>;
+
+Cells cells(const Row& row) {
+  if (!row.last) return {row.name, connectionText(row.connectionKind), L"-", L"-", L"-", L"none yet"};
+  return {row.name,
+          connectionText(row.connectionKind),
+          statusText(row),
+          std::to_wstring(row.last->state.jobs),
+          queriedText(row.last->state),
+          secondsText(row.sinceLast)};
+}
+
+std::wstring joined(const Cells& cells, const std::wstring& supplies, std::size_t width) {
+  std::wstring line;
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    auto text = shown(cells[i], kColumns[i].width);
+    text.resize(kColumns[i].width + 2, L' ');
+    line += text;
+  }
+  return cut(line + supplies, width);
+}
+
+std::wstring headings(std::size_t width) {
+  Cells texts;
+  std::ranges::transform(kColumns, texts.begin(), [](const Column& column) { return column.heading; });
+  return joined(texts, kSuppliesHeading, width);
+}
+
+std::wstring counts(const std::wstring& what, std::uint64_t notices, std::uint64_t reads, std::uint64_t failures) {
+  return what + L": notices " + std::to_wstring(notices) + L", state reads " + std::to_wstring(reads) + L", of these failed " +
+         std::to_wstring(failures);
+}
+
+}  // namespace
+
+std::wstring printable(const std::wstring& text) {
+  auto result = text;
+  std::ranges::replace_if(result, isUnprintable, L'?');
+  return result;
+}
+
+std::vector<std::wstring> renderTable(const std::vector<Row>& rows, std::size_t width, std::size_t height) {
+  std::vector<std::wstring> lines{headings(width)};
+  const bool all = rows.size() < height;
+  const auto count = all ? rows.size() : std::max<std::size_t>(height, 2) - 2;
+  for (std::size_t i = 0; i < count; ++i) lines.push_back(joined(cells(rows[i]), suppliesText(rows[i], width), width));
+  if (!all) lines.push_back(cut(L"and " + std::to_wstring(rows.size() - count) + L" more, for which there is no room", width));
+  return lines;
+}
+
+std::wstring renderLine(const Row& row, std::chrono::milliseconds sinceStart) {
+  const auto values = cells(row);
+  return secondsText(sinceStart) + L"  " + printable(row.uid) + L"  " + values[1] + L", " + values[2] + L", jobs " + values[3] +
+         L", queried " + values[4] + L", last notice " + values[5] + L", supplies " + suppliesText(row, kSuppliesInLine);
+}
+
+std::vector<std::wstring> renderSummary(const std::vector<Row>& rows) {
+  std::vector<std::wstring> lines;
+  Row all;
+  for (const auto& row : rows) {
+    lines.push_back(counts(shown(row.name, kNameInSummary), row.notices, row.reads, row.failures));
+    all.notices += row.notices;
+    all.reads += row.reads;
+    all.failures += row.failures;
+  }
+  lines.push_back(counts(L"All together", all.notices, all.reads, all.failures));
+  return lines;
+}
+
+}  // namespace console
