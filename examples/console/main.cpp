@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <chrono>
 #include <exception>
+#include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -56,12 +58,20 @@ void showLog(console::Terminal& terminal) {
   for (const auto& line : lines) terminal.writeLine(L"  " + console::printable(line));
 }
 
-int poll(const console::Options& options) {
-  if (options.scenario) {
-    simulator::loadScenarioFile(*options.scenario);
-  } else {
+void loadPrinters(const std::optional<std::wstring>& scenario) {
+  if (!scenario) {
     simulator::loadScenario();
+    return;
   }
+  try {
+    simulator::loadScenarioFile(*scenario);
+  } catch (const std::filesystem::filesystem_error&) {  // from the path itself, before there is a file
+    throw console::OptionsError("--scenario holds characters that are no text; it takes the path of a scenario file");
+  }
+}
+
+int poll(const console::Options& options) {
+  loadPrinters(options.scenario);
   console::Terminal terminal;
   const auto board = std::make_shared<console::Board>();
   console::Polling polling(board);

@@ -142,6 +142,24 @@ TEST_F(PollingTest, StopEndsEverythingAndALaterAddStartsAnew) {
   EXPECT_EQ(usb.notices().count(), told);
 }
 
+TEST_F(PollingTest, AddAfterStopIsServedWhileTheOldWorkerIsStillInACall) {
+  loadPrinters(printer("usb", "connection='usb' interval='20' ctrl-port='yes' jobs='1'",
+                       "<call function='AppPrinterSdk_GetState'><hang call='1'/></call>"));
+  auto& old = stateTask(L"usb", 1).repeating();
+  Add(old.node());
+  ASSERT_TRUE(simulator::waitUntilBegun(kGetState, 1, application::kPatience));
+  Stop();
+
+  auto& later = stateTask(L"usb", 2).repeating();
+  Add(later.node());
+  EXPECT_TRUE(later.notices().waitFor(2));
+  EXPECT_EQ(old.notices().count(), 0U);
+
+  simulator::releaseCalls();
+  EXPECT_TRUE(old.waitUntilReleased());
+  EXPECT_EQ(old.notices().count(), 1U) << "the run that was under way is told";
+}
+
 TEST_F(PollingTest, ListThatWaitedRanAndRanIdleLeavesNoThread) {
   loadPrinters(printer("usb", "connection='usb' interval='5'"));
   auto& task = stateTask(L"usb", 1, [](std::size_t number) { return number < 3; }).repeating();
