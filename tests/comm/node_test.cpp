@@ -10,6 +10,7 @@
 
 #include "AppWindow.h"
 #include "PrinterInfo.h"
+#include "support/PlainWindow.h"
 
 namespace {
 
@@ -23,16 +24,9 @@ std::shared_ptr<qzstd::PrinterInfo> newPrinter() {
   return printer;
 }
 
-class Window : public AppWnd::CWnd {
- public:
-  using CWnd::CWnd;
-  bool Create(HWND /*parent*/) override { return false; }
-  __int64 RunProc(unsigned /*msg*/, unsigned __int64 /*wParam*/, __int64 /*lParam*/) override { return 0; }
-};
+using support::PlainWindow;
 
-constexpr qzstd::Rect kNowhere;
-
-std::shared_ptr<Window> newWindow() { return std::make_shared<Window>(kNowhere); }
+std::shared_ptr<PlainWindow> newWindow() { return std::make_shared<PlainWindow>(); }
 
 std::shared_ptr<Node> newTask() { return Node::Instance(newPrinter(), newWindow(), 7, Type::State); }
 
@@ -227,7 +221,7 @@ TEST(Node, ReleasesResourceThenWindowThenPrinter) {
     };
   };
   auto task = Node::Instance(std::shared_ptr<qzstd::PrinterInfo>(new qzstd::PrinterInfo, noting("printer")),
-                             std::shared_ptr<AppWnd::CWnd>(new Window(kNowhere), noting("window")), 1, Type::State);
+                             std::shared_ptr<AppWnd::CWnd>(new PlainWindow, noting("window")), 1, Type::State);
   task->setResource(std::shared_ptr<int>(new int(0), noting("resource")));
 
   task.reset();

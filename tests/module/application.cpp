@@ -3,24 +3,19 @@
 #include <utility>
 
 #include "simulator/SimulatedPrinters.h"
+#include "support/PlainWindow.h"
 
 namespace application {
 namespace {
 
-constexpr qzstd::Rect kNowhere;
-
-class Window : public AppWnd::CWnd {
+class Window : public support::PlainWindow {
  public:
   Window(std::shared_ptr<Notices> notices, StateTask::Answer answer, std::shared_ptr<AppComm::State> record,
          std::shared_ptr<qzstd::PrinterInfo> printer)
-      : CWnd(kNowhere),
-        m_notices(std::move(notices)),
+      : m_notices(std::move(notices)),
         m_answer(std::move(answer)),
         m_record(std::move(record)),
         m_printer(std::move(printer)) {}
-
-  bool Create(HWND /*parent*/) override { return false; }
-  __int64 RunProc(unsigned /*msg*/, unsigned __int64 /*wParam*/, __int64 /*lParam*/) override { return 0; }
 
   bool Notice(long code) const override {
     const auto number = m_notices->count() + 1;  // notices of one task come one after another

@@ -4,6 +4,7 @@
 #include <thread>
 
 #include "module/ModuleTest.h"
+#include "support/PlainWindow.h"
 
 namespace {
 
@@ -94,20 +95,15 @@ class UserInterface {
 };
 
 /// Forwards its notices to a window of the system, as an application does.
-class ForwardingWindow : public AppWnd::CWnd {
+class ForwardingWindow : public support::PlainWindow {
  public:
-  explicit ForwardingWindow(HWND window) : CWnd(kNowhere) { SetWnd(window); }
+  explicit ForwardingWindow(HWND window) { SetWnd(window); }
   ~ForwardingWindow() override { SetWnd(nullptr); }  // the window is its thread's, which destroys it
 
-  bool Create(HWND /*parent*/) override { return false; }
-  __int64 RunProc(unsigned /*msg*/, unsigned __int64 /*wParam*/, __int64 /*lParam*/) override { return 0; }
   bool Notice(long code) const override {
     ThreadToSelf(UserInterface::kResult, static_cast<unsigned __int64>(code), 0);
     return true;
   }
-
- private:
-  static constexpr qzstd::Rect kNowhere{};
 };
 
 TEST_F(ParallelTest, NoticeReachesTheUserInterfaceWhileTheWorkerGoesOn) {

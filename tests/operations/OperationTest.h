@@ -16,17 +16,16 @@
 #include "fakes/MakerLibraries.h"
 #include "operations/Journal.h"
 #include "support/LoggingOn.h"
+#include "support/PlainWindow.h"
 
 /// A window that does what the test says when it is told; it has no handle. Without an action it wants further results.
-class NoticeWindow : public AppWnd::CWnd {
+class NoticeWindow : public support::PlainWindow {
  public:
   using Action = std::function<bool(long code)>;
 
   explicit NoticeWindow(Action action = nullptr);
 
   bool Notice(long code) const override;
-  bool Create(HWND parent) override;
-  __int64 RunProc(unsigned msg, unsigned __int64 wParam, __int64 lParam) override;
 
  private:
   const Action m_action;

@@ -31,16 +31,9 @@ void Journal::takeLines() {
   }
 }
 
-NoticeWindow::NoticeWindow(Action action)
-    : CWnd([]() -> const qzstd::Rect& {
-        static const qzstd::Rect nowhere;
-        return nowhere;
-      }()),
-      m_action(std::move(action)) {}
+NoticeWindow::NoticeWindow(Action action) : m_action(std::move(action)) {}
 
 bool NoticeWindow::Notice(long code) const { return m_action ? m_action(code) : true; }
-bool NoticeWindow::Create(HWND /*parent*/) { return false; }
-__int64 NoticeWindow::RunProc(unsigned /*msg*/, unsigned __int64 /*wParam*/, __int64 /*lParam*/) { return 0; }
 
 void ScriptedPrinter::record(const std::string& call) {
   MakerLibraries::record(call);

@@ -10,18 +10,14 @@
 
 #include "AppWindow.h"
 #include "fakes/ThreadStartFault.h"
+#include "support/PlainWindow.h"
 #include "wnd/WindowCalls.h"
 
 namespace {
 
 using namespace std::chrono_literals;
 
-class Window : public AppWnd::CWnd {
- public:
-  using CWnd::CWnd;
-  bool Create(HWND /*parent*/) override { return false; }
-  __int64 RunProc(unsigned /*msg*/, unsigned __int64 /*wParam*/, __int64 /*lParam*/) override { return 0; }
-};
+using Window = support::PlainWindow;
 
 constexpr qzstd::Rect kNowhere;
 

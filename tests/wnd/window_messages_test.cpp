@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "AppWindow.h"
+#include "support/PlainWindow.h"
 
 namespace {
 
@@ -146,15 +147,10 @@ class WindowThread {
 };
 
 // A wrapper of the child that leaves the window to the thread that made it.
-class ChildWindow : public AppWnd::CWnd {
+class ChildWindow : public support::PlainWindow {
  public:
-  explicit ChildWindow(HWND window) : CWnd(kNowhere) { SetWnd(window); }
+  explicit ChildWindow(HWND window) { SetWnd(window); }
   ~ChildWindow() override { SetWnd(nullptr); }
-  bool Create(HWND /*parent*/) override { return false; }
-  __int64 RunProc(unsigned /*msg*/, unsigned __int64 /*wParam*/, __int64 /*lParam*/) override { return 0; }
-
- private:
-  static constexpr qzstd::Rect kNowhere{};
 };
 
 class WindowMessagesTest : public testing::Test {
