@@ -1,6 +1,7 @@
 #pragma once
 
-/// Everything that `AppCommunication.dll` exports. An application includes this one header.
+/// Everything of its own that `AppCommunication.dll` exports (it exports the classes of tinyxml2 as well). An application
+/// includes this one header.
 
 #include <memory>
 
@@ -29,8 +30,9 @@ APPCOMM_API int Add(std::shared_ptr<AppComm::Node> node);
 /// the middle of a printer call finishes it and may still notify. A later `Add` starts anew. Returns 0.
 APPCOMM_API int Stop();
 
-/// Asks for the NPA exchange: marks all tasks with the printer and the type of `node`, which need not have been added itself,
-/// and wakes the printer's worker, which goes on waiting if the last exchange is less than an interval old. Returns 0.
+/// Asks for the NPA exchange, the one that reads the printer's state, also where a run would do without it: marks all tasks
+/// with the printer and the type of `node`, which need not have been added itself, and wakes the printer's worker, which goes
+/// on waiting if the last exchange is less than an interval old. Returns 0.
 APPCOMM_API int StartNPA(std::shared_ptr<AppComm::Node> node);
 
 /// Takes the request of `StartNPA` back. Wakes nobody. Returns 0.

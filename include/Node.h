@@ -15,6 +15,11 @@ namespace qzstd {
 struct PrinterInfo;
 }
 
+#if defined(__GNUC__)
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wignored-qualifiers"  // some accessors return `const` values: the interface has them so
+#endif
+
 namespace AppComm {
 
 /// What a task asks of the printer. The numbers are part of the interface with the application.
@@ -118,3 +123,7 @@ class APPCOMM_API Node {
 };
 
 }  // namespace AppComm
+
+#if defined(__GNUC__)
+#pragma GCC diagnostic pop
+#endif

@@ -23,7 +23,7 @@ struct Supply {
 struct PrinterInfo {
   std::wstring name;                ///< which device the state below belongs to; not itself part of that state
   std::wstring uid;                 ///< names the printer's communication list
-  std::int32_t interval = 0;        ///< pacing of the printer's list, milliseconds
+  std::int32_t interval = 0;        ///< pacing of the printer's list, milliseconds; 0 or less: no pause between runs
   std::int32_t connectionKind = 0;  ///< 0 USB, 1 network
   bool hasCtrlPort = false;         ///< a USB printer that can be read while it prints
   std::wstring managerId;           ///< how the manager library names the printer

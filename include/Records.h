@@ -5,7 +5,14 @@
 
 namespace AppComm {
 
-/// Record of `Type::State`.
+/// Record of `Type::State`: how the run went. What the printer said is in the printer description.
+///
+/// The state is read in a run of
+/// - a network printer when it has jobs, or when `StartNPA` asked for it;
+/// - a USB printer without jobs when it supports push scanning, or when `StartNPA` asked for it;
+/// - a USB printer with jobs when it has a control port.
+///
+/// Every run notifies, whether it read or not; `queried` tells.
 ///
 /// The caller makes it, stores a `std::shared_ptr` to it in the task and reads it inside `Notice`. `busy` alone may be written
 /// by the caller at any time, through `std::atomic_ref`.

@@ -1,5 +1,6 @@
 #include <fstream>
 #include <iterator>
+#include <system_error>
 #include <utility>
 
 #include "simulator/Environment.h"
@@ -10,13 +11,20 @@
 namespace simulator {
 namespace {
 
+[[noreturn]] void refuse(const std::filesystem::path& path) {
+  std::error_code ignored;
+  const auto status = std::filesystem::status(path, ignored);
+  const std::string what = !std::filesystem::exists(status)        ? "there is no such file"
+                           : std::filesystem::is_directory(status) ? "is a folder"
+                                                                   : "cannot be read";
+  throw ScenarioError(shown(path) + ": " + what + "; right is the path of a scenario file, as in " + scenarioVariable);
+}
+
 std::string contentsOf(const std::filesystem::path& path) {
   std::ifstream file(path, std::ios::binary);
   std::string text(largestFile + 1, '\0');
   if (file) file.read(text.data(), static_cast<std::streamsize>(text.size()));
-  if (!file.is_open() || file.bad() || (file.fail() && !file.eof())) {
-    throw ScenarioError(shown(path) + ": cannot be read; right is the path of a scenario file, as in " + scenarioVariable);
-  }
+  if (!file.is_open() || file.bad() || (file.fail() && !file.eof())) refuse(path);
   text.resize(static_cast<std::size_t>(file.gcount()));
   if (text.size() > largestFile) {
     throw ScenarioError(shown(path) + ": larger than " + std::to_string(largestFile) + " bytes; right is a smaller scenario");

@@ -68,7 +68,8 @@ std::wstring helpText() {
          L"  --log             switch the diagnostic log on (C:\\log\\orva_config.ini) and start again with it\n"
          L"  --help            this text\n"
          L"\n"
-         L"Exit code: 0 after the poll, 2 for a mistake in the command line or the scenario, 1 when the system fails.\n";
+         L"Exit code: 0 after the poll, 2 for a mistake in the command line or the scenario, 1 when the system fails;\n"
+         L"130 after Ctrl-C where ./dev runs it.\n";
 }
 
 }  // namespace console

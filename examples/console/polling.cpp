@@ -20,7 +20,7 @@ class StateWindow : public AppWnd::CWnd {
   bool Create(HWND /*parent*/) override { return false; }
   __int64 RunProc(unsigned /*msg*/, unsigned __int64 /*wParam*/, __int64 /*lParam*/) override { return 0; }
 
-  // On the printer's worker: here, and only here, record and printer may be read. What leaves is a copy.
+  // On a thread of the module: here, and only here, record and printer may be read. What leaves is a copy.
   bool Notice(long /*code*/) const override {
     m_board->update(m_row, {*m_record, m_printer->deviceStatus, m_printer->address, m_printer->supplies});
     return true;
@@ -80,7 +80,7 @@ void Polling::addPrinter(std::shared_ptr<qzstd::PrinterInfo> printer) {
   task->setResource(record);
   task->setRepeat();
   Add(task);
-  StartNPA(task);  // read the state in every run, not only while the printer prints
+  StartNPA(task);  // read the state also while the printer is idle
   m_tasks.push_back(std::move(task));
 }
 

@@ -60,7 +60,7 @@ class CList {
 
  public:
   std::unordered_map<int, Handler> m_handlers;  ///< by `AppComm::Type`; complete before the worker starts, then the worker's
-  std::mutex m_backendLock;                     ///< held for every edit of the entries and their observers
+  std::mutex m_backendLock;                     ///< held to append, remove and requeue entries, and to edit observers
   Semaphore m_wakeup;                           ///< the worker sleeps on it
   Timer m_waitTimer;                            ///< the worker's; posts `m_wakeup` when a wait has run out
   const std::wstring m_uid;

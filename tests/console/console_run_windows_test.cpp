@@ -70,13 +70,14 @@ TEST_F(ConsoleTest, MistakesInTheCommandLineAreTold) {
 }
 
 TEST_F(ConsoleTest, MissingScenarioIsTold) {
-  expectMistake({L"--scenario", L"C:\\console-test\\none.xml"},
-                "C:\\console-test\\none.xml: cannot be read; right is the path of a scenario file, as in PRINTER_SCENARIO");
+  expectMistake(
+      {L"--scenario", L"C:\\console-test\\none.xml"},
+      "C:\\console-test\\none.xml: there is no such file; right is the path of a scenario file, as in PRINTER_SCENARIO");
 }
 
 TEST_F(ConsoleTest, FolderInPlaceOfAScenarioIsTold) {
   expectMistake({L"--scenario", L"C:\\console-test"},
-                "C:\\console-test: cannot be read; right is the path of a scenario file, as in PRINTER_SCENARIO");
+                "C:\\console-test: is a folder; right is the path of a scenario file, as in PRINTER_SCENARIO");
 }
 
 TEST_F(ConsoleTest, BrokenScenarioIsToldWithItsLine) {
@@ -100,7 +101,7 @@ TEST_F(ConsoleTest, ScenarioIsFoundUnderAnyName) {
 
 TEST_F(ConsoleTest, MistakeInAScenarioOfAnyNameIsTold) {
   expectMistake({L"--scenario", L"C:\\\u5370 \u00e9.xml"},
-                "C:\\\u5370 \u00e9.xml: cannot be read; right is the path of a scenario file, as in PRINTER_SCENARIO");
+                "C:\\\u5370 \u00e9.xml: there is no such file; right is the path of a scenario file, as in PRINTER_SCENARIO");
 }
 
 TEST_F(ConsoleTest, ScenarioThatIsNoTextIsToldWithoutIt) {

@@ -91,12 +91,12 @@ TEST_F(Environment, ErrorNamesTheFile) {
 
 TEST_F(Environment, MissingFileIsAnError) {
   const auto file = m_folder / "none.xml";
-  EXPECT_EQ(errorOf(file), shown(file) + ": cannot be read; right is the path of a scenario file, as in PRINTER_SCENARIO");
+  EXPECT_EQ(errorOf(file),
+            shown(file) + ": there is no such file; right is the path of a scenario file, as in PRINTER_SCENARIO");
 }
 
 TEST_F(Environment, FolderIsAnError) {
-  EXPECT_EQ(errorOf(m_folder),
-            shown(m_folder) + ": cannot be read; right is the path of a scenario file, as in PRINTER_SCENARIO");
+  EXPECT_EQ(errorOf(m_folder), shown(m_folder) + ": is a folder; right is the path of a scenario file, as in PRINTER_SCENARIO");
 }
 
 TEST_F(Environment, HugeFileIsAnError) {
