@@ -20,10 +20,10 @@
 extern "C" {
 
 /// Puts the task into its printer's list, which is made, together with its worker thread, when the printer has none. A task
-/// whose type is already queued for the printer becomes an observer of that entry and receives the same results.
-/// Returns 0, always: the task was placed. A list that is just ending takes a task as well, and drops it with all that it held:
-/// no notice comes then, and the task's last reference goes. When the list's thread cannot be started, `std::system_error`
-/// leaves this function and the list stays registered without a worker.
+/// whose type is already queued for the printer becomes an observer of that entry and is told of the same runs (Records.h says
+/// what of them it learns). Returns 0, always: the task was placed. A list that is just ending takes a task as well, and drops
+/// it with all that it held: no notice comes then, and the task's last reference goes. When the list's thread cannot be
+/// started, `std::system_error` leaves this function and the list stays registered without a worker.
 APPCOMM_API int Add(std::shared_ptr<AppComm::Node> node);
 
 /// Tells every list to end and forgets them all; what is queued is dropped without a notice. Waits for nothing: a handler in

@@ -100,8 +100,8 @@ class APPCOMM_API Node {
   std::shared_ptr<qzstd::PrinterInfo> getInfo() const;
   const std::shared_ptr<AppWnd::CWnd> getWnd() const;
 
-  /// The operation's record, by convention a `std::shared_ptr` to one of the types in Records.h. The previous value is
-  /// destroyed before the new one is stored.
+  /// The operation's record, by convention a `std::shared_ptr`, not null, to one of the types in Records.h. The previous value
+  /// is destroyed before the new one is stored.
   void setResource(std::any value);
   /// A copy of the holder; a shared pointer in it refers to the same record.
   std::any getResource() const;

@@ -34,11 +34,12 @@ struct PrinterInfo {
   std::wstring firmwareVersion;
   std::wstring address;
   std::array<std::uint8_t, 16> deviceId{};
-  std::int32_t deviceStatus = 0;  ///< 0 ready; 1 refuses changes; 11 accepts them; any other value counts as busy
+  std::int32_t deviceStatus =
+      0;  ///< 0 ready; 1 refuses changes; 11 accepts them; any other value counts as busy, but not for an image
   std::vector<Supply> supplies;
   std::vector<std::int32_t> alerts;  ///< codes of the printer's active alerts
 
-  std::int32_t suppliesAlarmState = 0;  ///< 160 or 165, once an alarm read has answered
+  std::int32_t suppliesAlarmState = 0;  ///< 160 (on, or no such alarm) or 165 (off), after a `GetAlarm` that succeeded
   std::wstring upgradeKey;              ///< registration key of the upgrade service
 };
 

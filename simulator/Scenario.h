@@ -10,7 +10,9 @@
 #include <vector>
 
 #include "PrinterInfo.h"
+#include "Records.h"
 #include "simulator/Functions.h"
+#include "simulator/PrinterContents.h"
 
 /// A scenario as it was read: plain data that never changes afterwards, and the questions that are answered from it alone.
 /// Times count from the moment the scenario was loaded.
@@ -57,6 +59,42 @@ struct Behaviour {
   std::vector<Fault> faults;  ///< of each kind the first that hits a call applies
 };
 
+/// How a firmware transfer goes.
+struct Firmware {
+  std::int32_t size = 1'000'000;        ///< bytes
+  std::int32_t rate = 250'000;          ///< bytes per second
+  std::optional<std::int32_t> failAt;   ///< bytes
+  milliseconds restart{3'000};          ///< after a complete transfer
+  std::optional<std::wstring> version;  ///< afterwards; without one, the text that was sent
+};
+
+/// What the upgrade service says about the printer.
+struct UpgradeService {
+  bool registers = true;
+  bool starts = true;
+  milliseconds checkTime{1'500};
+  bool result = true;
+  std::optional<std::wstring> newVersion;
+  std::wstring notes;
+};
+
+struct AccessPoint {
+  std::wstring name;
+  std::wstring password;
+  std::int32_t security = 0;  ///< as in `AppMgr::WifiNetwork`
+  std::int32_t signal = 0;
+  std::int32_t segment = 1;  ///< found once so many are done
+};
+
+/// The printer's wireless surroundings.
+struct Wifi {
+  std::int32_t segments = 4;
+  milliseconds segmentTime{300};
+  std::int32_t joinSegments = 3;
+  milliseconds joinTime{300};  ///< of one segment
+  std::vector<AccessPoint> accessPoints;
+};
+
 struct Printer {
   qzstd::PrinterInfo description;  ///< its state members are empty
   std::wstring model;
@@ -64,6 +102,17 @@ struct Printer {
   std::wstring firmwareVersion;
   std::array<std::uint8_t, 16> deviceId{};
   bool pushScan = false;
+  AppPrinterSdk::PushScanPara pushScanParameters{300, 2, 0, 0};
+  bool suppliesAlarm = true;
+  DeviceParameters parameters;
+  AppPrinterSdk::NetworkSettings network{false, {192, 0, 2, 10}, {255, 255, 255, 0}, {192, 0, 2, 1}, {192, 0, 2, 1}};
+  bool netConnected = false;
+  AppPrinterSdk::AlignmentValues alignment;
+  milliseconds pageTime{};   ///< how long a page or an image is a job in progress
+  milliseconds cleanTime{};  ///< how long the device status tells of a cleaning
+  Firmware firmware;
+  UpgradeService upgradeService;
+  Wifi wifi;
   Readings initial;
   std::vector<Change> timeline;  ///< never goes back
   std::array<Behaviour, functionCount> behaviour;

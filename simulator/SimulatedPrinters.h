@@ -11,6 +11,7 @@
 
 #include "PrinterInfo.h"
 #include "simulator/Export.h"
+#include "simulator/PrinterContents.h"
 
 /// Printers without hardware: what the stand-ins of the maker's libraries answer, and what they were asked.
 ///
@@ -30,9 +31,15 @@ inline constexpr char scenarioVariable[] = "PRINTER_SCENARIO";
 /// of jobs can carry them. Functions that answer yes or no answer no.
 /// @{
 inline constexpr int success = 0;
-inline constexpr int unknownPrinter =
-    -1001;  ///< the scenario has no printer with this uid (printer library) or manager id (manager)
-inline constexpr int badArgument = -1002;  ///< a pointer was null
+/// The scenario has no printer with this uid (printer library, upgrade service) or manager id (manager library, image
+/// printing).
+inline constexpr int unknownPrinter = -1001;
+inline constexpr int badArgument = -1002;     ///< a pointer was null
+inline constexpr int unreachable = -1003;     ///< the printer restarts after a firmware transfer
+inline constexpr int noJob = -1004;           ///< this thread has started no such job, or has ended it
+inline constexpr int notSupported = -1005;    ///< push scan on a printer without
+inline constexpr int transferFailed = -1006;  ///< the transfer came to the byte at which the scenario lets it fail
+inline constexpr int notJoined = -1007;       ///< no network was named, no network has the name, or the password is wrong
 /// @}
 
 /// A scenario with a mistake. `what()` is one line: file, line, what is wrong and what would be right.
@@ -56,7 +63,7 @@ SIMULATOR_API void loadScenario();
 SIMULATOR_API void reset();
 
 /// @name Printers
-/// With no scenario loaded these two load it from the environment and may throw `ScenarioError`.
+/// With no scenario loaded these load it from the environment and may throw `ScenarioError`.
 /// @{
 
 /// The uids in the scenario's order.
@@ -64,6 +71,8 @@ SIMULATOR_API std::vector<std::wstring> printerUids();
 /// A description to make a task with: the state members are empty until the first state read. Throws `std::out_of_range`,
 /// when the scenario has no such printer.
 SIMULATOR_API qzstd::PrinterInfo newPrinterInfo(std::wstring_view uid);
+/// What calls have made of the printer so far. Throws as `newPrinterInfo`.
+SIMULATOR_API PrinterContents contents(std::wstring_view uid);
 /// @}
 
 /// One call of a maker's function.
@@ -72,7 +81,8 @@ struct CallRecord {
   std::wstring printer;  ///< uid, empty when the call named none of the scenario's printers
   std::chrono::steady_clock::time_point start;
   std::optional<std::chrono::steady_clock::time_point> end;  ///< none while the call is under way
-  std::optional<int> result;                                 ///< the returned code or count; 1 or 0 for yes or no
+  /// The returned code or count; 1 or 0 for yes or no. None while the call is under way, and when the function returns nothing.
+  std::optional<int> result;
 };
 
 /// How many calls the record holds; older ones leave it. Counts and waits are not affected.

@@ -11,6 +11,8 @@
 #include <vector>
 
 #include "platform/ThreadAnnotations.h"
+#include "simulator/Jobs.h"
+#include "simulator/PrinterState.h"
 #include "simulator/Scenario.h"
 #include "simulator/SimulatedPrinters.h"
 #include "simulator/Time.h"
@@ -32,12 +34,10 @@ struct Session {
   };
   std::vector<std::array<Count, functionCount>> counts;  ///< by printer; the last is for calls that name none of them
   std::deque<CallRecord> record;
-  std::uint64_t forgotten = 0;             ///< calls that have left the record
-  std::uint64_t releases = 0;              ///< a call that waits ends its wait when this changes
-  std::vector<std::wstring> askedAddress;  ///< by printer: the address as of the last check
-
-  // The place for jobs whose later calls name no printer: they are bound to the thread that started them, since two printers'
-  // workers may each have one.
+  std::uint64_t forgotten = 0;  ///< calls that have left the record
+  std::uint64_t releases = 0;   ///< a call that waits ends its wait when this changes
+  std::vector<PrinterState> printers;
+  Jobs jobs;
 };
 
 /// A call that has begun and not yet ended.
@@ -45,6 +45,7 @@ struct OpenCall {
   std::shared_ptr<Session> session;
   Function function{};
   std::optional<std::size_t> printer;  ///< its place in the scenario
+  std::uint32_t number = 0;            ///< among the printer's calls of the function, from 1
   std::uint64_t place = 0;             ///< in the record, counted from the session's first call
   Effects effects;
 };
@@ -65,10 +66,13 @@ class Simulation {
   OpenCall begin(std::shared_ptr<Session> session, Function function, std::optional<std::size_t> printer) EXCLUDES(m_mutex);
   void end(const OpenCall& call, std::optional<int> result) EXCLUDES(m_mutex);
 
-  /// What the call's printer shows now.
-  Readings readings(const OpenCall& call) EXCLUDES(m_mutex);
-  /// Whether the printer's address is another than at the last check; this is a check.
-  bool checkAddress(const OpenCall& call) EXCLUDES(m_mutex);
+  /// What `use(session, now)` returns, with the session guarded and `now` counted from its start. `use` calls nothing that
+  /// waits.
+  template <typename Use>
+  auto visit(Session& session, Use use) EXCLUDES(m_mutex) {
+    std::lock_guard lock(m_mutex);
+    return use(session, elapsedLocked(session));
+  }
 
   std::vector<CallRecord> calls() EXCLUDES(m_mutex);
   bool waitUntil(std::uint32_t Session::Count::*counted, Function function, std::wstring_view printer, std::size_t count,

@@ -3,9 +3,11 @@
 #include <tinyxml2.h>
 
 #include <array>
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <limits>
 #include <optional>
 #include <span>
 #include <string>
@@ -44,18 +46,34 @@ class StrictElement {
 
   std::vector<StrictElement> children() const { return children({}); }
   std::vector<StrictElement> children(std::string_view name) const;
+  /// The child of this name, if there is one; a second is a mistake.
+  std::optional<StrictElement> onlyChild(std::string_view name) const;
+  /// Fails when `count` elements like this one were there before it and that is all there may be.
+  void refuseMoreThan(std::size_t most, std::size_t count) const;
 
   bool has(std::string_view attribute) const { return find(attribute) != nullptr; }
 
   /// The raw UTF-8 of an attribute that must be there.
   std::string_view raw(std::string_view attribute) const;
-  /// A text of 1 to 256 characters that must be there.
-  std::wstring identifier(std::string_view attribute) const;
+  /// A text of 1 to `longest` characters that must be there.
+  std::wstring identifier(std::string_view attribute, std::size_t longest = 256) const;
   /// A text of at most 4096 characters, `fallback` when it is not there.
   std::wstring text(std::string_view attribute, std::wstring fallback = {}) const;
+  std::optional<std::wstring> optionalText(std::string_view attribute) const;
+  /// A text that no error line shows, empty when it is not there.
+  std::wstring secret(std::string_view attribute, std::size_t longest) const;
   /// A whole number; the attribute must be there unless there is a fallback.
   std::int64_t number(std::string_view attribute, std::int64_t min, std::int64_t max,
                       std::optional<std::int64_t> fallback = std::nullopt) const;
+  std::int32_t int32(std::string_view attribute, std::optional<std::int64_t> fallback = std::nullopt,
+                     std::int64_t min = std::numeric_limits<std::int32_t>::min(),
+                     std::int64_t max = std::numeric_limits<std::int32_t>::max()) const {
+    return static_cast<std::int32_t>(number(attribute, min, max, fallback));
+  }
+  std::chrono::milliseconds time(std::string_view attribute, std::chrono::milliseconds longest,
+                                 std::chrono::milliseconds fallback) const {
+    return std::chrono::milliseconds(number(attribute, 0, longest.count(), fallback.count()));
+  }
   /// The place of the attribute's value among `choices`.
   std::size_t choice(std::string_view attribute, Names choices, std::optional<std::size_t> fallback = std::nullopt) const;
   bool yesNo(std::string_view attribute, std::optional<bool> fallback = std::nullopt) const;
@@ -66,6 +84,7 @@ class StrictElement {
 
  private:
   const tinyxml2::XMLAttribute* find(std::string_view attribute) const;
+  std::wstring decoded(std::string_view attribute) const;
   std::wstring wide(std::string_view attribute, std::size_t min, std::size_t max) const;
 
   const tinyxml2::XMLElement* m_element;

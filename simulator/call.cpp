@@ -17,22 +17,31 @@ std::shared_ptr<Session> sessionOrExit() {
   }
 }
 
-std::optional<std::size_t> find(const Scenario& scenario, const Target& target) {
+std::optional<std::size_t> printerOfJob(Session& session, JobKind kind) {
+  return Simulation::instance().visit(session, [kind](Session& in, milliseconds) -> std::optional<std::size_t> {
+    const Job* job = in.jobs.find(kind);
+    return job == nullptr ? std::nullopt : std::optional(job->printer);
+  });
+}
+
+std::optional<std::size_t> find(Session& session, const Target& target) {
+  if (target.job) return printerOfJob(session, *target.job);
   if (!target.value) return std::nullopt;
+  const auto& printers = session.scenario.printers;
   const auto printer =
-      std::ranges::find_if(scenario.printers, [&](const Printer& one) { return one.description.*target.key == *target.value; });
-  if (printer == scenario.printers.end()) return std::nullopt;
-  return static_cast<std::size_t>(printer - scenario.printers.begin());
+      std::ranges::find_if(printers, [&](const Printer& one) { return one.description.*target.key == *target.value; });
+  if (printer == printers.end()) return std::nullopt;
+  return static_cast<std::size_t>(printer - printers.begin());
 }
 
 OpenCall begin(Function function, const Target& target) {
   auto session = sessionOrExit();
-  const auto printer = find(session->scenario, target);
+  const auto printer = find(*session, target);
   return Simulation::instance().begin(std::move(session), function, printer);
 }
 
 Target byMember(const qzstd::PrinterInfo* printer, const std::wstring qzstd::PrinterInfo::*key) {
-  return {key, printer == nullptr ? std::nullopt : std::optional<std::wstring_view>(printer->*key)};
+  return {key, printer == nullptr ? std::nullopt : std::optional<std::wstring_view>(printer->*key), {}};
 }
 
 }  // namespace
@@ -42,21 +51,48 @@ Target byUid(const qzstd::PrinterInfo* printer) { return byMember(printer, &qzst
 Target byManagerId(const qzstd::PrinterInfo* printer) { return byMember(printer, &qzstd::PrinterInfo::managerId); }
 
 Target byManagerId(const wchar_t* managerId) {
-  return {&qzstd::PrinterInfo::managerId, managerId == nullptr ? std::nullopt : std::optional<std::wstring_view>(managerId)};
+  return {
+      &qzstd::PrinterInfo::managerId, managerId == nullptr ? std::nullopt : std::optional<std::wstring_view>(managerId), {}};
 }
 
-Call::Call(Function function, const Target& target) : m_badArgument(!target.value), m_call(begin(function, target)) {}
+Call::Call(Function function, const Target& target) : m_target(target), m_call(begin(function, target)) {}
 
 Call::~Call() {
   if (!m_ended) Simulation::instance().end(m_call, std::nullopt);
 }
 
-std::optional<int> Call::refusal() const {
-  const bool flag = rowOf(m_call.function).answer == Answer::flag;
-  if (m_badArgument) return flag ? 0 : badArgument;
-  if (!m_call.printer) return flag ? 0 : unknownPrinter;
+std::optional<int> Call::failure() const {
+  if (!m_call.printer) return m_target.job ? noJob : m_target.value ? unknownPrinter : badArgument;
   if (m_call.effects.failure) return m_call.effects.failure->code;
+  const auto reachable = [](const PrinterState& state, milliseconds at) { return state.reachable(at); };
+  if (m_target.value && !onState(reachable)) return unreachable;
   return std::nullopt;
+}
+
+std::optional<int> Call::refusal() const {
+  const auto code = failure();
+  return code && rowOf(m_call.function).answer == Answer::flag ? 0 : code;
+}
+
+void Call::startJob(JobKind kind, Job job) const {
+  job.printer = *m_call.printer;
+  Simulation::instance().visit(*m_call.session, [&](Session& session, milliseconds at) {
+    job.start = at;
+    session.jobs.start(kind, std::move(job));
+  });
+}
+
+Call::JobNow Call::job() const {
+  return Simulation::instance().visit(*m_call.session, [this](Session& session, milliseconds at) {
+    const Job& job = *session.jobs.find(*m_target.job);
+    return JobNow{job, at - job.start};
+  });
+}
+
+Call::JobNow Call::endJob() const {
+  JobNow last = job();
+  Simulation::instance().visit(*m_call.session, [this](Session& session, milliseconds) { session.jobs.end(*m_target.job); });
+  return last;
 }
 
 int Call::end(int result) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdint>
 #include <limits>
+#include <numeric>
 #include <string>
 
 #include "simulator/Limits.h"
@@ -11,6 +12,31 @@ namespace simulator {
 namespace {
 
 constexpr auto functionNames = namesOf(functionTable);
+
+/// How many characters must be put in, taken out or replaced to turn one text into the other.
+std::size_t distance(std::string_view from, std::string_view to) {
+  std::vector<std::size_t> row(to.size() + 1);
+  std::iota(row.begin(), row.end(), std::size_t{0});
+  for (const char character : from) {
+    std::size_t diagonal = row[0]++;
+    for (std::size_t i = 1; i < row.size(); ++i) {
+      const std::size_t replaced = diagonal + (character == to[i - 1] ? 0 : 1);
+      diagonal = row[i];
+      row[i] = std::min({replaced, row[i] + 1, row[i - 1] + 1});
+    }
+  }
+  return row.back();
+}
+
+/// Null when the call names no function.
+const FunctionRow* functionOf(const StrictElement& call) {
+  if (!call.has("function")) return nullptr;
+  const std::string_view name = call.raw("function");
+  if (const FunctionRow* row = findFunction(name)) return row;
+  const std::string_view start = name.substr(0, 64);  // longer than any; the work grows with its length
+  const auto nearest = std::ranges::min(functionNames, {}, [&](std::string_view one) { return distance(start, one); });
+  call.wrong("function", "the name of one of the maker's functions; the nearest is " + std::string(nearest));
+}
 
 milliseconds latencyAttribute(const StrictElement& call, std::string_view attribute, milliseconds min = {}) {
   return milliseconds(call.number(attribute, min.count(), longestLatency.count()));
@@ -79,13 +105,19 @@ Fault readFault(const StrictElement& element, Answer answer) {
   return fault;
 }
 
+void refuseImpossible(const StrictElement& fault, const FunctionRow* function) {
+  const std::string tag = "<" + std::string(fault.name()) + ">";
+  if (function == nullptr) fault.fail(tag + " in a <call> without function; right is a <call> with function");
+  if (function->answer == Answer::nothing && fault.name() != "hang") {
+    fault.fail(tag + " for " + std::string(function->name) + ", which answers nothing; right is <hang>");
+  }
+}
+
 FunctionRules readRules(const StrictElement& call, const FunctionRow* function) {
   call.allow(std::array<std::string_view, 4>{"function", "latency", "latency-min", "latency-max"}, faultNames);
   FunctionRules rules{.line = call.line(), .latency = readLatency(call), .faults = {}};
   for (const StrictElement& fault : call.children()) {
-    if (function == nullptr) {
-      fault.fail("<" + std::string(fault.name()) + "> in a <call> without function; right is a <call> with function");
-    }
+    refuseImpossible(fault, function);
     rules.faults.push_back(readFault(fault, function->answer));
   }
   return rules;
@@ -96,7 +128,7 @@ FunctionRules readRules(const StrictElement& call, const FunctionRow* function) 
 CallRules readCallRules(const StrictElement& parent) {
   CallRules rules;
   for (const StrictElement& call : parent.children("call")) {
-    const FunctionRow* function = call.has("function") ? &functionTable[call.choice("function", functionNames)] : nullptr;
+    const FunctionRow* function = functionOf(call);
     auto& place = function == nullptr ? rules.everyFunction : rules.byFunction[indexOf(function->function)];
     if (place) {
       call.fail("second <call> for " + std::string(function == nullptr ? "every function" : function->name) + " in <" +

@@ -2,40 +2,28 @@
 
 #include <algorithm>
 #include <charconv>
-#include <limits>
 #include <map>
 
 #include "simulator/CallRules.h"
 #include "simulator/Limits.h"
+#include "simulator/PrinterParts.h"
 #include "simulator/StrictXml.h"
 
 namespace simulator {
 namespace {
 
-using Int32 = std::numeric_limits<std::int32_t>;
 using Apply = std::function<void(Readings&)>;
-
-std::int32_t int32Of(const StrictElement& element, std::string_view attribute, std::int64_t min, std::int64_t max,
-                     std::optional<std::int64_t> fallback = std::nullopt) {
-  return static_cast<std::int32_t>(element.number(attribute, min, max, fallback));
-}
-
-void refuseMoreThan(std::size_t most, std::size_t count, const StrictElement& element) {
-  if (count < most) return;
-  element.fail("more than " + std::to_string(most) + " <" + std::string(element.name()) + ">; right are " +
-               std::to_string(most) + " at most");
-}
 
 // Changes: each checks its element against what the printer shows at that time, then says what it does.
 
 Apply jobsChange(const StrictElement& element, const Readings&) {
   element.allow({"count"});
-  return [count = int32Of(element, "count", 0, mostJobs)](Readings& readings) { readings.jobs = count; };
+  return [count = element.int32("count", {}, 0, mostJobs)](Readings& readings) { readings.jobs = count; };
 }
 
 Apply statusChange(const StrictElement& element, const Readings&) {
   element.allow({"value"});
-  return [value = int32Of(element, "value", Int32::min(), Int32::max())](Readings& readings) { readings.status = value; };
+  return [value = element.int32("value")](Readings& readings) { readings.status = value; };
 }
 
 Apply addressChange(const StrictElement& element, const Readings&) {
@@ -49,19 +37,19 @@ Apply supplyChange(const StrictElement& element, const Readings& now) {
   const std::wstring color = element.identifier("color");
   const auto place = std::ranges::find(now.supplies, color, &qzstd::Supply::color) - now.supplies.begin();
   if (place == std::ssize(now.supplies)) element.wrong("color", "the color of a <supply> that the printer has");
-  return [index = static_cast<std::size_t>(place), percent = int32Of(element, "percent", 0, 100)](Readings& readings) {
+  return [index = static_cast<std::size_t>(place), percent = element.int32("percent", {}, 0, 100)](Readings& readings) {
     readings.supplies[index].percent = percent;
   };
 }
 
 Apply alertChange(const StrictElement& element, const Readings& now) {
   element.allow({"code", "active"});
-  const std::int32_t code = int32Of(element, "code", Int32::min(), Int32::max());
+  const std::int32_t code = element.int32("code");
   const bool isActive = std::ranges::find(now.alerts, code) != now.alerts.end();
   const bool active = element.yesNo("active");
   if (active == isActive) element.wrong("active", active ? "no, the alert is active already" : "yes, the alert is not active");
   if (active) {
-    refuseMoreThan(mostAlerts, now.alerts.size(), element);
+    element.refuseMoreThan(mostAlerts, now.alerts.size());
     return [code](Readings& readings) { readings.alerts.push_back(code); };
   }
   return [code](Readings& readings) { std::erase(readings.alerts, code); };
@@ -99,17 +87,17 @@ void readSupply(const StrictElement& element, Readings& initial) {
   if (std::ranges::find(initial.supplies, color, &qzstd::Supply::color) != initial.supplies.end()) {
     element.wrong("color", "a color that no other <supply> of the printer has");
   }
-  refuseMoreThan(mostSupplies, initial.supplies.size(), element);
-  initial.supplies.push_back({color, int32Of(element, "percent", 0, 100)});
+  element.refuseMoreThan(mostSupplies, initial.supplies.size());
+  initial.supplies.push_back({color, element.int32("percent", {}, 0, 100)});
 }
 
 void readAlert(const StrictElement& element, Readings& initial) {
   element.allow({"code"});
-  const std::int32_t code = int32Of(element, "code", Int32::min(), Int32::max());
+  const std::int32_t code = element.int32("code");
   if (std::ranges::find(initial.alerts, code) != initial.alerts.end()) {
     element.wrong("code", "a code that no other <alert> of the printer has");
   }
-  refuseMoreThan(mostAlerts, initial.alerts.size(), element);
+  element.refuseMoreThan(mostAlerts, initial.alerts.size());
   initial.alerts.push_back(code);
 }
 
@@ -134,7 +122,7 @@ qzstd::PrinterInfo readDescription(const StrictElement& element) {
   info.managerId = element.identifier("manager-id");
   info.connectionKind = static_cast<std::int32_t>(element.choice("connection", connections));
   info.name = element.text("name", info.uid);
-  info.interval = int32Of(element, "interval", 1, longestInterval.count(), 1000);
+  info.interval = element.int32("interval", 1000, 1, longestInterval.count());
   info.hasCtrlPort = element.yesNo("ctrl-port", false);
   info.upgradeKey = element.text("upgrade-key");
   return info;
@@ -142,18 +130,40 @@ qzstd::PrinterInfo readDescription(const StrictElement& element) {
 
 Readings readInitial(const StrictElement& element) {
   Readings initial;
-  initial.jobs = int32Of(element, "jobs", 0, mostJobs, 0);
-  initial.status = int32Of(element, "status", Int32::min(), Int32::max(), 0);
+  initial.jobs = element.int32("jobs", 0, 0, mostJobs);
+  initial.status = element.int32("status", 0);
   initial.address = element.text("address");
   for (const StrictElement& supply : element.children("supply")) readSupply(supply, initial);
   for (const StrictElement& alert : element.children("alert")) readAlert(alert, initial);
   return initial;
 }
 
+struct PartRow {
+  std::string_view name;
+  void (*read)(const StrictElement&, Printer&);
+};
+/// The elements that a printer has one of at most.
+constexpr std::array partTable{PartRow{"parameters", readParameters},
+                               PartRow{"network", readNetwork},
+                               PartRow{"alignment", readAlignment},
+                               PartRow{"push-scan", readPushScan},
+                               PartRow{"firmware", readFirmware},
+                               PartRow{"upgrade-service", readUpgradeService},
+                               PartRow{"wifi", readWifi},
+                               PartRow{"timeline", readTimeline}};
+
+void allowInPrinter(const StrictElement& element) {
+  static constexpr std::array<std::string_view, 18> attributes{
+      "uid",         "manager-id", "connection", "name",           "interval",  "ctrl-port",
+      "model",       "serial",     "firmware",   "address",        "device-id", "push-scan",
+      "upgrade-key", "jobs",       "status",     "supplies-alarm", "page-time", "clean-time"};
+  std::vector<std::string_view> children{"supply", "alert", "call"};
+  for (const PartRow& part : partTable) children.push_back(part.name);
+  element.allow(attributes, children);
+}
+
 Printer readPrinter(const StrictElement& element, const CallRules& scenarioRules) {
-  element.allow({"uid", "manager-id", "connection", "name", "interval", "ctrl-port", "model", "serial", "firmware", "address",
-                 "device-id", "push-scan", "upgrade-key", "jobs", "status"},
-                {"supply", "alert", "call", "timeline"});
+  allowInPrinter(element);
   Printer printer;
   printer.description = readDescription(element);
   printer.model = element.text("model");
@@ -161,11 +171,15 @@ Printer readPrinter(const StrictElement& element, const CallRules& scenarioRules
   printer.firmwareVersion = element.text("firmware");
   printer.deviceId = readDeviceId(element);
   printer.pushScan = element.yesNo("push-scan", false);
+  printer.suppliesAlarm = element.yesNo("supplies-alarm", true);
+  printer.pageTime = element.time("page-time", longestWork, 0ms);
+  printer.cleanTime = element.time("clean-time", longestWork, 0ms);
+  printer.netConnected = printer.description.connectionKind == 1;
   printer.initial = readInitial(element);
   printer.behaviour = behaviourOf(readCallRules(element), scenarioRules);
-  const auto timelines = element.children("timeline");
-  if (timelines.size() > 1) timelines[1].fail("second <timeline> in <printer>; right is one");
-  if (!timelines.empty()) readTimeline(timelines.front(), printer);
+  for (const PartRow& part : partTable) {
+    if (const auto child = element.onlyChild(part.name)) part.read(*child, printer);
+  }
   return printer;
 }
 
@@ -185,12 +199,12 @@ Scenario readScenario(std::string_view text, const std::string& file) {
   const StrictElement root = parseStrictly(document, text, file, "scenario");
   root.allow({"seed"}, {"call", "printer"});
   Scenario scenario;
-  scenario.seed = static_cast<std::uint64_t>(root.number("seed", 0, Int32::max(), 1));
+  scenario.seed = static_cast<std::uint64_t>(root.int32("seed", 1, 0));
   const CallRules rules = readCallRules(root);
   Taken uids;
   Taken managerIds;
   for (const StrictElement& element : root.children("printer")) {
-    refuseMoreThan(mostPrinters, scenario.printers.size(), element);
+    element.refuseMoreThan(mostPrinters, scenario.printers.size());
     scenario.printers.push_back(readPrinter(element, rules));
     take(uids, scenario.printers.back().description.uid, element, "uid");
     take(managerIds, scenario.printers.back().description.managerId, element, "manager-id");

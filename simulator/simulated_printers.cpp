@@ -13,6 +13,13 @@ Function named(std::string_view function) {
   return row->function;
 }
 
+std::size_t placeOf(std::wstring_view uid, const Scenario& scenario) {
+  const auto& all = scenario.printers;
+  const auto printer = std::ranges::find(all, uid, [](const Printer& one) -> std::wstring_view { return one.description.uid; });
+  if (printer == all.end()) throw std::out_of_range("the scenario has no printer with this uid");
+  return static_cast<std::size_t>(printer - all.begin());
+}
+
 }  // namespace
 
 void reset() { Simulation::instance().reset(); }
@@ -26,11 +33,13 @@ std::vector<std::wstring> printerUids() {
 
 qzstd::PrinterInfo newPrinterInfo(std::wstring_view uid) {
   const auto session = Simulation::instance().session();
-  const auto& printers = session->scenario.printers;
-  const auto printer =
-      std::ranges::find(printers, uid, [](const Printer& one) -> std::wstring_view { return one.description.uid; });
-  if (printer == printers.end()) throw std::out_of_range("the scenario has no printer with this uid");
-  return printer->description;
+  return session->scenario.printers[placeOf(uid, session->scenario)].description;
+}
+
+PrinterContents contents(std::wstring_view uid) {
+  const auto session = Simulation::instance().session();
+  const std::size_t place = placeOf(uid, session->scenario);
+  return Simulation::instance().visit(*session, [place](Session& in, milliseconds) { return in.printers[place].contents; });
 }
 
 std::vector<CallRecord> calls() { return Simulation::instance().calls(); }

@@ -8,7 +8,7 @@ namespace simulator {
 
 Session::Session(Scenario loaded, Time::Point now)
     : scenario(std::move(loaded)), start(now), counts(scenario.printers.size() + 1) {
-  for (const Printer& printer : scenario.printers) askedAddress.push_back(printer.initial.address);
+  for (const Printer& printer : scenario.printers) printers.emplace_back(printer);
 }
 
 Simulation& Simulation::instance() {
@@ -50,7 +50,7 @@ OpenCall Simulation::begin(std::shared_ptr<Session> session, Function function, 
   Session& in = *session;
   const Time::Point now = m_time.now();
   const std::uint32_t number = ++in.counts[printer.value_or(in.scenario.printers.size())][indexOf(function)].begun;
-  OpenCall call{std::move(session), function, printer, in.forgotten + in.record.size(), {}};
+  OpenCall call{std::move(session), function, printer, number, in.forgotten + in.record.size(), {}};
   if (printer) call.effects = effectsOf(in.scenario, *printer, function, number, elapsedLocked(in));
   in.record.push_back({std::string(rowOf(function).name), printer ? in.scenario.printers[*printer].description.uid : L"", now,
                        std::nullopt, std::nullopt});
@@ -91,22 +91,6 @@ void Simulation::end(const OpenCall& call, std::optional<int> result) {
 
 milliseconds Simulation::elapsedLocked(const Session& session) const {
   return std::chrono::duration_cast<milliseconds>(m_time.now() - session.start);
-}
-
-Readings Simulation::readings(const OpenCall& call) {
-  milliseconds at{};
-  {
-    std::lock_guard lock(m_mutex);
-    at = elapsedLocked(*call.session);
-  }
-  return readingsAt(call.session->scenario.printers[*call.printer], at);
-}
-
-bool Simulation::checkAddress(const OpenCall& call) {
-  std::lock_guard lock(m_mutex);
-  Session& in = *call.session;
-  std::wstring address = readingsAt(in.scenario.printers[*call.printer], elapsedLocked(in)).address;
-  return std::exchange(in.askedAddress[*call.printer], address) != address;
 }
 
 std::vector<CallRecord> Simulation::calls() {

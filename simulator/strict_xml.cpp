@@ -77,6 +77,19 @@ std::vector<StrictElement> StrictElement::children(std::string_view name) const 
   return found;
 }
 
+std::optional<StrictElement> StrictElement::onlyChild(std::string_view name) const {
+  const auto found = children(name);
+  if (found.size() > 1) {
+    found[1].fail("second " + tag(name) + " in " + tag(this->name()) + "; right is one");
+  }
+  return found.empty() ? std::nullopt : std::optional(found.front());
+}
+
+void StrictElement::refuseMoreThan(std::size_t most, std::size_t count) const {
+  if (count < most) return;
+  fail("more than " + std::to_string(most) + " " + tag(name()) + "; right are " + std::to_string(most) + " at most");
+}
+
 const tinyxml2::XMLAttribute* StrictElement::find(std::string_view attribute) const {
   return m_element->FindAttribute(std::string(attribute).c_str());
 }
@@ -87,22 +100,42 @@ std::string_view StrictElement::raw(std::string_view attribute) const {
   return found->Value();
 }
 
-std::wstring StrictElement::wide(std::string_view attribute, std::size_t min, std::size_t max) const {
+std::wstring StrictElement::decoded(std::string_view attribute) const {
   auto text = wideFromUtf8(raw(attribute));
   if (!text) {
     failAt(*m_file, find(attribute)->GetLineNum(),
            "attribute '" + std::string(attribute) + "' of " + tag(name()) + " is not valid UTF-8; save the file as UTF-8");
   }
-  if (text->size() < min || text->size() > max) {
-    wrong(attribute, "a text of " + std::to_string(min) + " to " + std::to_string(max) + " characters");
-  }
   return *std::move(text);
 }
 
-std::wstring StrictElement::identifier(std::string_view attribute) const { return wide(attribute, 1, 256); }
+std::wstring StrictElement::wide(std::string_view attribute, std::size_t min, std::size_t max) const {
+  std::wstring text = decoded(attribute);
+  if (text.size() < min || text.size() > max) {
+    wrong(attribute, "a text of " + std::to_string(min) + " to " + std::to_string(max) + " characters");
+  }
+  return text;
+}
+
+std::wstring StrictElement::identifier(std::string_view attribute, std::size_t longest) const {
+  return wide(attribute, 1, longest);
+}
 
 std::wstring StrictElement::text(std::string_view attribute, std::wstring fallback) const {
   return has(attribute) ? wide(attribute, 0, 4096) : std::move(fallback);
+}
+
+std::optional<std::wstring> StrictElement::optionalText(std::string_view attribute) const {
+  return has(attribute) ? std::optional(text(attribute)) : std::nullopt;
+}
+
+std::wstring StrictElement::secret(std::string_view attribute, std::size_t longest) const {
+  if (!has(attribute)) return {};
+  std::wstring text = decoded(attribute);
+  if (text.size() <= longest) return text;
+  failAt(*m_file, find(attribute)->GetLineNum(),
+         "attribute '" + std::string(attribute) + "' of " + tag(name()) + " is too long; right is a text of 0 to " +
+             std::to_string(longest) + " characters");
 }
 
 std::int64_t StrictElement::number(std::string_view attribute, std::int64_t min, std::int64_t max,

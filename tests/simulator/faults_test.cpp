@@ -89,17 +89,6 @@ TEST_F(Faults, FailedReadLeavesTheState) {
   EXPECT_EQ(info.model, L"");
 }
 
-TEST_F(Faults, EveryFunctionCanFail) {
-  load(onePrinter("push-scan='yes' jobs='2'",
-                  "<call function='AppPrinterSdk_IsSuppportPushScan'><fail call='1'/></call>"
-                  "<call function='AppMgr_GetPrintingJob'><fail code='-2' call='1'/></call>"));
-  auto info = newPrinterInfo(L"a");
-  EXPECT_FALSE(AppPrinterSdk_IsSuppportPushScan(&info));
-  EXPECT_TRUE(AppPrinterSdk_IsSuppportPushScan(&info));
-  EXPECT_EQ(AppMgr_GetPrintingJob(L"ma"), -2);
-  EXPECT_EQ(AppMgr_GetPrintingJob(L"ma"), 2);
-}
-
 TEST_F(Faults, GarbageStateIsHostileButValid) {
   load(withCall("AppPrinterSdk_GetState", "<garbage call='1'/>"));
   auto info = stateOf(L"a");
@@ -117,17 +106,49 @@ TEST_F(Faults, GarbageStateIsHostileButValid) {
   EXPECT_TRUE(info.supplies.empty() && info.alerts.empty());
 }
 
-TEST_F(Faults, GarbageOfTheOthers) {
-  load(onePrinter("",
-                  "<call function='AppPrinterSdk_IsSuppportPushScan'><garbage/></call>"
-                  "<call function='AppMgr_GetPrintingJob'><garbage/></call>"
-                  "<call function='AppMgr_CheckIpChange'><garbage/></call>"));
+TEST_F(Faults, GarbageOfJobsAndAddress) {
+  load(onePrinter("", callOf("AppMgr_GetPrintingJob", "<garbage/>") + callOf("AppMgr_CheckIpChange", "<garbage/>")));
   auto info = newPrinterInfo(L"a");
   bool changed = false;
-  EXPECT_TRUE(AppPrinterSdk_IsSuppportPushScan(&info));
-  EXPECT_LT(AppMgr_GetPrintingJob(L"ma"), 0);
+  EXPECT_EQ(AppMgr_GetPrintingJob(L"ma"), std::numeric_limits<std::int32_t>::min());
   EXPECT_EQ(AppMgr_CheckIpChange(&info, &changed), success);
   EXPECT_TRUE(changed);
+}
+
+TEST_F(Faults, ScenariosFaultsCountForEachJobsPrinter) {
+  load("<scenario>" + callOf("AppMgr_GetPrinterWifiProgress", "<fail code='-6' call='2'/>") +
+       twoPrinters("").substr(std::string("<scenario>").size()));
+  for (const auto* uid : {L"a", L"b"}) {
+    auto info = newPrinterInfo(uid);
+    std::int32_t number = 0;
+    EXPECT_EQ(AppMgr_GetPrinterWifiStart(&info, &number), success);
+    EXPECT_EQ(AppMgr_GetPrinterWifiProgress(&number), success);
+    EXPECT_EQ(AppMgr_GetPrinterWifiProgress(&number), -6);
+  }
+}
+
+TEST_F(Faults, FailComesBeforeTheRestart) {
+  load(onePrinter("",
+                  "<firmware size='1' rate='1000'/><call function='AppPrinterSdk_GetState'><fail code='9' call='1'/></call>"));
+  auto info = newPrinterInfo(L"a");
+  std::wstring firmware;
+  EXPECT_EQ(AppPrinterSdk_UpgradeFwStart(&info, &firmware), success);
+  advanceTime(1ms);
+  AppPrinterSdk_UpgradeFwExit();
+  EXPECT_EQ(reads(2), (std::vector<int>{9, unreachable}));
+}
+
+TEST_F(Faults, CallThatOutlastsTheRestartIsAnswered) {
+  load(onePrinter("", "<firmware size='1' rate='1000' restart='10'/>" + callOf("AppPrinterSdk_GetState", "<hang ms='10'/>")));
+  auto info = newPrinterInfo(L"a");
+  std::wstring firmware;
+  EXPECT_EQ(AppPrinterSdk_UpgradeFwStart(&info, &firmware), success);
+  advanceTime(1ms);
+  AppPrinterSdk_UpgradeFwExit();
+  auto read = readStateElsewhere(L"a");
+  ASSERT_TRUE(waitUntilBegun("AppPrinterSdk_GetState", 1, limit));
+  advanceTime(10ms);
+  EXPECT_EQ(read.get(), success);
 }
 
 // Waiting. Time is held, so that nothing ends before the test says so.

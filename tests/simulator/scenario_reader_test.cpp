@@ -11,8 +11,6 @@ struct Mistake {
 
 std::ostream& operator<<(std::ostream& out, const Mistake& mistake) { return out << mistake.name; }
 
-const std::string functions =
-    "AppPrinterSdk_GetState, AppPrinterSdk_IsSuppportPushScan, AppMgr_GetPrintingJob, AppMgr_CheckIpChange";
 const std::string two = "<printer uid='b' manager-id='mb' connection='usb'/>";
 
 std::string inCall(const std::string& call) { return onePrinter("", "\n" + call); }
@@ -20,6 +18,7 @@ std::string inFault(const std::string& fault) { return withCall("AppPrinterSdk_G
 std::string inTimeline(const std::string& at) {
   return onePrinter("", "<supply color='black' percent='5'/><alert code='4'/><timeline>\n" + at + "</timeline>");
 }
+std::string inWifi(const std::string& point) { return onePrinter("", "<wifi>\n" + point + "</wifi>"); }
 
 const std::vector<Mistake> mistakes{
     // The file
@@ -51,7 +50,12 @@ const std::vector<Mistake> mistakes{
      "f.xml:2: unknown element <x> in <alert>; there is none"},
     {"Text", "<scenario>\nhello</scenario>", "f.xml:2: text in <scenario>; right are elements, attributes and comments only"},
     {"UnknownFunction", inCall("<call function='AppPrinterSdk_GetStat'/>"),
-     "f.xml:2: attribute 'function' of <call> is 'AppPrinterSdk_GetStat'; right is one of " + functions},
+     "f.xml:2: attribute 'function' of <call> is 'AppPrinterSdk_GetStat'; right is the name of one of the maker's functions; "
+     "the "
+     "nearest is AppPrinterSdk_GetState"},
+    {"LongUnknownFunction", inCall("<call function='" + std::string(4'000'000, 'x') + "'/>"),
+     "f.xml:2: attribute 'function' of <call> is '" + std::string(60, 'x') +
+         "...'; right is the name of one of the maker's functions; the nearest is AppPrinterSdk_UpgradeFwExit"},
 
     // Printers
     {"NoPrinter", "<scenario/>", "f.xml:1: no <printer> in <scenario>; right is at least one"},
@@ -123,7 +127,99 @@ const std::vector<Mistake> mistakes{
      inTimeline("<at ms='1'><alert code='4' active='no'/></at>\n<at ms='1'><alert code='4' active='no'/></at>"),
      "f.xml:3: attribute 'active' of <alert> is 'no'; right is yes, the alert is not active"},
 
+    // Settings
+    {"SuppliesAlarm", onePrinter("supplies-alarm='1'"),
+     "f.xml:1: attribute 'supplies-alarm' of <printer> is '1'; right is one of no, yes"},
+    {"PageTime", onePrinter("page-time='-1'"),
+     "f.xml:1: attribute 'page-time' of <printer> is '-1'; right is a whole number from 0 to 3600000"},
+    {"CleanTime", onePrinter("clean-time='3600001'"),
+     "f.xml:1: attribute 'clean-time' of <printer> is '3600001'; right is a whole number from 0 to 3600000"},
+    {"UnknownPart", onePrinter("", "\n<parameter/>"),
+     "f.xml:2: unknown element <parameter> in <printer>; known are supply, alert, call, parameters, network, alignment, "
+     "push-scan, firmware, upgrade-service, wifi, timeline"},
+    {"UnknownParameter", onePrinter("", "<parameters sleep='1'/>"),
+     "f.xml:1: unknown attribute 'sleep' of <parameters>; known are sleep-time, supplies-alarm, paper-alarm, silent-mode, "
+     "timed-clear"},
+    {"ParameterBeyondAByte", onePrinter("", "\n<parameters paper-alarm='256'/>"),
+     "f.xml:2: attribute 'paper-alarm' of <parameters> is '256'; right is a whole number from 0 to 255"},
+    {"SleepTimeBeyond32Bits", onePrinter("", "<parameters sleep-time='2147483648'/>"),
+     "f.xml:1: attribute 'sleep-time' of <parameters> is '2147483648'; right is a whole number from -2147483648 to 2147483647"},
+    {"UnknownNetworkAttribute", onePrinter("", "<network ip='1'/>"),
+     "f.xml:1: unknown attribute 'ip' of <network>; known are dhcp, reachable, address, subnet-mask, gateway, dns-server"},
+    {"AddressOfThree", onePrinter("", "\n<network address='1.2.3'/>"),
+     "f.xml:2: attribute 'address' of <network> is '1.2.3'; right is four numbers from 0 to 255 with dots between them"},
+    {"AddressOfFive", onePrinter("", "<network subnet-mask='1.2.3.4.5'/>"),
+     "f.xml:1: attribute 'subnet-mask' of <network> is '1.2.3.4.5'; right is four numbers from 0 to 255 with dots between "
+     "them"},
+    {"AddressBeyondAByte", onePrinter("", "<network gateway='1.2.3.256'/>"),
+     "f.xml:1: attribute 'gateway' of <network> is '1.2.3.256'; right is four numbers from 0 to 255 with dots between them"},
+    {"AddressWithOctal", onePrinter("", "<network dns-server='1.2.3.010'/>"),
+     "f.xml:1: attribute 'dns-server' of <network> is '1.2.3.010'; right is four numbers from 0 to 255 with dots between them"},
+    {"AddressWithBlank", onePrinter("", "<network dns-server='1.2.3. 4'/>"),
+     "f.xml:1: attribute 'dns-server' of <network> is '1.2.3. 4'; right is four numbers from 0 to 255 with dots between them"},
+    {"NoAlignment", onePrinter("", "<alignment/>"), "f.xml:1: missing attribute 'values' of <alignment>; it has no default"},
+    {"AlignmentOfFive", onePrinter("", "\n<alignment values='1 2 3 4 5'/>"),
+     "f.xml:2: attribute 'values' of <alignment> is '1 2 3 4 5'; right is six whole numbers from -2147483648 to 2147483647 "
+     "with "
+     "one blank between them"},
+    {"AlignmentOfSeven", onePrinter("", "<alignment values='1 2 3 4 5 6 7'/>"),
+     "f.xml:1: attribute 'values' of <alignment> is '1 2 3 4 5 6 7'; right is six whole numbers from -2147483648 to 2147483647 "
+     "with one blank between them"},
+    {"PushScanNumber", onePrinter("", "<push-scan resolution='high'/>"),
+     "f.xml:1: attribute 'resolution' of <push-scan> is 'high'; right is a whole number from -2147483648 to 2147483647"},
+    {"UnknownPushScanAttribute", onePrinter("", "<push-scan format='1'/>"),
+     "f.xml:1: unknown attribute 'format' of <push-scan>; known are resolution, color-mode, file-format, paper-size"},
+    {"TwoOfAPart", onePrinter("", "<wifi/>\n<wifi/>"), "f.xml:2: second <wifi> in <printer>; right is one"},
+
+    // Firmware, upgrade service, wireless networks
+    {"UnknownFirmwareAttribute", onePrinter("", "<firmware speed='1'/>"),
+     "f.xml:1: unknown attribute 'speed' of <firmware>; known are size, rate, fail-at, restart, version"},
+    {"FirmwareOfNothing", onePrinter("", "<firmware size='0'/>"),
+     "f.xml:1: attribute 'size' of <firmware> is '0'; right is a whole number from 1 to 2147483647"},
+    {"FirmwareThatStands", onePrinter("", "<firmware rate='0'/>"),
+     "f.xml:1: attribute 'rate' of <firmware> is '0'; right is a whole number from 1 to 2147483647"},
+    {"FailureBeyondTheFirmware", onePrinter("", "\n<firmware size='10' fail-at='11'/>"),
+     "f.xml:2: attribute 'fail-at' of <firmware> is '11'; right is a whole number from 0 to 10"},
+    {"LongRestart", onePrinter("", "<firmware restart='3600001'/>"),
+     "f.xml:1: attribute 'restart' of <firmware> is '3600001'; right is a whole number from 0 to 3600000"},
+    {"UnknownServiceAttribute", onePrinter("", "<upgrade-service version='1'/>"),
+     "f.xml:1: unknown attribute 'version' of <upgrade-service>; known are registers, starts, check-time, result, new-version, "
+     "notes"},
+    {"ServiceResult", onePrinter("", "<upgrade-service result='maybe'/>"),
+     "f.xml:1: attribute 'result' of <upgrade-service> is 'maybe'; right is one of no, yes"},
+    {"CheckTime", onePrinter("", "<upgrade-service check-time='1s'/>"),
+     "f.xml:1: attribute 'check-time' of <upgrade-service> is '1s'; right is a whole number from 0 to 3600000"},
+    {"UnknownWifiAttribute", onePrinter("", "<wifi time='1'/>"),
+     "f.xml:1: unknown attribute 'time' of <wifi>; known are segments, segment-time, join-segments, join-time"},
+    {"UnknownWifiElement", onePrinter("", "<wifi><accesspoint/></wifi>"),
+     "f.xml:1: unknown element <accesspoint> in <wifi>; known are access-point"},
+    {"NoSegments", onePrinter("", "<wifi segments='0'/>"),
+     "f.xml:1: attribute 'segments' of <wifi> is '0'; right is a whole number from 1 to 1000"},
+    {"NoJoinSegments", onePrinter("", "<wifi join-segments='0'/>"),
+     "f.xml:1: attribute 'join-segments' of <wifi> is '0'; right is a whole number from 1 to 1000"},
+    {"UnknownAccessPointAttribute", inWifi("<access-point name='n' ssid='n'/>"),
+     "f.xml:2: unknown attribute 'ssid' of <access-point>; known are name, password, security, signal, segment"},
+    {"AccessPointWithoutName", inWifi("<access-point/>"),
+     "f.xml:2: missing attribute 'name' of <access-point>; it has no default"},
+    {"LongAccessPoint", inWifi("<access-point name='" + std::string(128, 'n') + "'/>"),
+     "f.xml:2: attribute 'name' of <access-point> is '" + std::string(60, 'n') +
+         "...'; right is a text of 1 to 127 characters"},
+    {"DoubledAccessPoint", inWifi("<access-point name='n'/>\n<access-point name='n'/>"),
+     "f.xml:3: attribute 'name' of <access-point> is 'n'; right is a name that no other <access-point> of the printer has"},
+    {"LongPasswordIsNotShown", inWifi("<access-point name='n' password='" + std::string(256, 'p') + "'/>"),
+     "f.xml:2: attribute 'password' of <access-point> is too long; right is a text of 0 to 255 characters"},
+    {"Security", inWifi("<access-point name='n' security='wep'/>"),
+     "f.xml:2: attribute 'security' of <access-point> is 'wep'; right is one of open, wpa2, wpa3"},
+    {"Signal", inWifi("<access-point name='n' signal='101'/>"),
+     "f.xml:2: attribute 'signal' of <access-point> is '101'; right is a whole number from 0 to 100"},
+    {"SegmentBeyondTheLast", inWifi("<access-point name='n' segment='5'/>"),
+     "f.xml:2: attribute 'segment' of <access-point> is '5'; right is a whole number from 1 to 4"},
+
     // Calls and faults
+    {"FailOfWhatAnswersNothing", withCall("AppPrinterSdk_UpgradeFwExit", "\n<fail/>"),
+     "f.xml:2: <fail> for AppPrinterSdk_UpgradeFwExit, which answers nothing; right is <hang>"},
+    {"GarbageOfWhatAnswersNothing", withCall("AppMgr_GetPrinterWifiExit", "\n<garbage/>"),
+     "f.xml:2: <garbage> for AppMgr_GetPrinterWifiExit, which answers nothing; right is <hang>"},
     {"TwoCallsOfOneFunction",
      onePrinter("", "<call function='AppMgr_CheckIpChange'/>\n<call function='AppMgr_CheckIpChange'/>"),
      "f.xml:2: second <call> for AppMgr_CheckIpChange in <printer>; right is one, as in line 1"},
@@ -217,6 +313,17 @@ TEST_F(ScenarioReader, ByteOrderMarkAndCommentsAreAllowed) {
 TEST_F(ScenarioReader, UnknownUidHasNoDescription) {
   loadScenarioText(onePrinter(""));
   EXPECT_THROW(newPrinterInfo(L"ma"), std::out_of_range);
+}
+
+TEST_F(ScenarioReader, TooManyAccessPointsAreRefused) {
+  std::string points;
+  for (int i = 0; i <= 1000; ++i) points += "\n<access-point name='" + std::to_string(i) + "'/>";
+  try {
+    loadScenarioText(onePrinter("", "<wifi>" + points + "</wifi>"));
+    FAIL() << "loaded";
+  } catch (const ScenarioError& error) {
+    EXPECT_STREQ(error.what(), "scenario:1002: more than 1000 <access-point>; right are 1000 at most");
+  }
 }
 
 TEST_F(ScenarioReader, TooManyPrintersAreRefused) {

@@ -2,6 +2,7 @@
 #include <set>
 
 #include "Support.h"
+#include "simulator/Functions.h"
 
 /// The scenarios that are written for people: the built-in one, the examples and the one in the documentation.
 namespace simulator::test {
@@ -27,6 +28,33 @@ TEST_F(WrittenScenarios, ExampleInTheDocumentationLoads) {
   const std::string example = codeBlockOf(contentsOf(sourceFile(L"docs/scenario.md")), "xml");
   loadScenarioText(example, "docs/scenario.md");
   EXPECT_EQ(printerUids(), (std::vector<std::wstring>{L"usb-1", L"net-1"}));
+  EXPECT_EQ(contents(L"usb-1").parameters, (DeviceParameters{15, 1, 1, 0, 2}));
+  EXPECT_EQ(contents(L"usb-1").alignment.corrections, (std::array<std::int32_t, 6>{0, 0, -3, 0, 12, 0}));
+}
+
+TEST_F(WrittenScenarios, DocumentationHasEveryFunctionInItsTableOnce) {
+  const std::string text = contentsOf(sourceFile(L"docs/scenario.md"));
+  const auto start = text.find("| function | returns | garbage |");
+  const std::string table = text.substr(start, text.find("\n\n", start) - start);
+  for (const FunctionRow& row : functionTable) {
+    const std::string name = "`" + std::string(row.name) + "`";
+    const auto place = table.find(name);
+    ASSERT_NE(place, std::string::npos) << name;
+    EXPECT_EQ(table.find(name, place + 1), std::string::npos) << name;
+  }
+}
+
+TEST_F(WrittenScenarios, DocumentationExplainsEveryAttributeOfItsExample) {
+  const std::string text = contentsOf(sourceFile(L"docs/scenario.md"));
+  const std::string example = codeBlockOf(text, "xml");
+  const std::string rest = text.substr(text.find("## Elements"));
+  std::set<std::string> names;
+  for (std::size_t end = example.find('='); end != std::string::npos; end = example.find('=', end + 1)) {
+    const auto start = example.find_last_of(" \n", end) + 1;
+    names.insert(example.substr(start, end - start));
+  }
+  EXPECT_GE(names.size(), 50u);
+  for (const std::string& name : names) EXPECT_NE(rest.find("`" + name + "`"), std::string::npos) << name;
 }
 
 /// All that can be seen of the built-in scenario in its first 15 seconds, asked every 500 ms.
