@@ -16,7 +16,7 @@ namespace comm {
 using Task = std::shared_ptr<AppComm::Node>;
 
 /// One entry of a list: the current task and the observers, tasks of the same type that came while the entry existed. The
-/// handler works on the current task; all of them receive the result.
+/// handler works on the current task; all of them are told.
 ///
 /// Edits are made under the list's `m_backendLock`, reads without it. The latch makes each single step safe; it is innermost
 /// and held for the copy or the edit alone.

@@ -10,4 +10,7 @@ namespace operations {
 /// `busy` at any other status but 0 and 11. A negative count means no jobs.
 bool acceptsChange(const qzstd::PrinterInfo& printer, bool& busy, bool& statusOne);
 
+/// The same for an image to print, which any status but 1 lets through: `busy` tells of jobs alone.
+bool acceptsImage(const qzstd::PrinterInfo& printer, bool& busy, bool& statusOne);
+
 }  // namespace operations

@@ -2,7 +2,7 @@
 
 #include "AppWindow.h"
 
-namespace {
+namespace operations {
 
 void tellWindow(AppComm::Node& task) {
   task.setUpdate();
@@ -10,9 +10,9 @@ void tellWindow(AppComm::Node& task) {
   if (!window->Notice(task.getCode())) task.setDelete();
 }
 
-}  // namespace
+}  // namespace operations
 
 void notice_caller(comm::CNode& entry) {
-  tellWindow(*entry.current());
-  for (std::size_t index = 0; const auto observer = entry.observer(index); ++index) tellWindow(*observer);
+  operations::tellWindow(*entry.current());
+  for (std::size_t index = 0; const auto observer = entry.observer(index); ++index) operations::tellWindow(*observer);
 }

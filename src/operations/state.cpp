@@ -1,19 +1,18 @@
 #include <atomic>
 #include <source_location>
+#include <utility>
 
 #include "AppMgr.h"
 #include "AppPrinterSdk.h"
 #include "Records.h"
 #include "operations/Frame.h"
 #include "operations/Handlers.h"
-#include "operations/Notice.h"
 
 namespace {
 
 using AppComm::State;
 using StateRun = operations::Run<State>;
 
-constexpr const char* kName = "comm_thread_state";
 constexpr int kSkipped = 1;
 constexpr std::int32_t kUsb = 0;
 constexpr std::int32_t kNetwork = 1;
@@ -22,7 +21,7 @@ constexpr std::int32_t kNetwork = 1;
 void readState(const StateRun& run, const wchar_t* format, std::source_location where = std::source_location::current()) {
   run.record.result = AppPrinterSdk_GetState(&run.printer);
   run.task.setNPAFlag();
-  WriteLog(LOG_DEBUG, kName, static_cast<std::int32_t>(where.line()), format, run.record.result);
+  WriteLog(LOG_DEBUG, run.name, static_cast<std::int32_t>(where.line()), format, run.record.result);
 }
 
 void pollUsb(const StateRun& run, int jobs) {
@@ -37,11 +36,11 @@ void pollUsb(const StateRun& run, int jobs) {
 
 void pollNetwork(const StateRun& run, int jobs) {
   AppMgr_CheckIpChange(&run.printer, &run.record.ipChanged);
-  if (run.record.ipChanged) WriteLog(LOG_DEBUG, kName, __LINE__, L"net printer ip changed.");
+  if (run.record.ipChanged) WriteLog(LOG_DEBUG, run.name, __LINE__, L"net printer ip changed.");
   if (run.task.getReqNPA()) {
     readState(run, L"get net printer (request) state result: %d");
   } else if (jobs >= 1) {
-    WriteLog(LOG_DEBUG, kName, __LINE__, L"new job: %d, old job: %d", jobs, run.record.jobs);
+    WriteLog(LOG_DEBUG, run.name, __LINE__, L"new job: %d, old job: %d", jobs, run.record.jobs);
     readState(run, L"get net printer (printing) state result: %d");
   }
 }
@@ -57,14 +56,11 @@ void copyReadState(const qzstd::PrinterInfo& from, qzstd::PrinterInfo& to) {
   to.alerts = from.alerts;
 }
 
-void shareWith(const AppComm::Node& observer, const StateRun& run) {
-  const auto resource = observer.getResource();
-  const auto* record = std::any_cast<std::shared_ptr<State>>(&resource);
-  if (record == nullptr) return;
-  (*record)->result = run.record.result;
-  (*record)->jobs = run.record.jobs;
-  (*record)->queried = run.record.queried;
-  (*record)->ipChanged = run.record.ipChanged;
+void shareWith(const AppComm::Node& observer, State& record, const StateRun& run) {
+  record.result = run.record.result;
+  record.jobs = run.record.jobs;
+  record.queried = run.record.queried;
+  record.ipChanged = run.record.ipChanged;
   const auto printer = observer.getInfo();
   if (printer->name != run.printer.name) copyReadState(run.printer, *printer);
 }
@@ -72,14 +68,14 @@ void shareWith(const AppComm::Node& observer, const StateRun& run) {
 int pollState(const StateRun& run) {
   // The caller may write this flag at any time.
   if (std::atomic_ref(run.record.busy).load()) {
-    WriteLog(LOG_DEBUG, kName, __LINE__, L"printer is busy, skip state query.");
+    WriteLog(LOG_DEBUG, run.name, __LINE__, L"printer is busy, skip state query.");
     run.task.resetNPAFlag();
     return kSkipped;
   }
 
   const int jobs = AppMgr_GetPrintingJob(run.printer.managerId.c_str());
   run.task.resetNPAFlag();
-  // Looked at once: a state read may change it.
+  // Not looked at again after a read, which may change it.
   if (run.printer.connectionKind == kUsb) {
     pollUsb(run, jobs);
   } else if (run.printer.connectionKind == kNetwork) {
@@ -88,15 +84,13 @@ int pollState(const StateRun& run) {
   run.record.jobs = jobs;
   run.record.queried = run.task.getNPAFlag();
 
-  for (std::size_t index = 0; const auto observer = run.entry.observer(index); ++index) shareWith(*observer, run);
-
-  WriteLog(LOG_DEBUG, kName, __LINE__, L" notice caller the state information has been captured.");
-  notice_caller(run.entry);
-  return operations::kDone;
+  operations::forEachObserver<State>(run.entry,
+                                     [&run](const auto& observer, State& record) { shareWith(observer, record, run); });
+  return operations::finish(run, __LINE__, L" notice caller the state information has been captured.");
 }
 
 }  // namespace
 
 int comm_thread_state(std::shared_ptr<comm::CNode> entry) {
-  return operations::inFrame<State>(std::move(entry), kName, __LINE__, L"resource type is NOT state", pollState);
+  return operations::inFrame<State>(std::move(entry), __func__, __LINE__, L"resource type is NOT state", pollState);
 }

@@ -6,6 +6,7 @@
 
 #include "AppMgr.h"
 #include "AppPrinterSdk.h"
+#include "AppSdk.h"
 
 /// The maker's libraries as one object: a test overrides the calls that it expects.
 namespace fakes {
@@ -26,7 +27,8 @@ class MakerLibraries {
 #undef FAKES_MAKER_CALL
 
   /// All calls so far, in order, with what they were given, such as `AppMgr_CheckIpChange(printer-1, false)`: a printer shows
-  /// as its uid, a text in quotation marks, an out parameter as what it held before the call, a null pointer as `null`.
+  /// as its uid, a text in quotation marks, an out parameter as what it held before the call, a null pointer as `null`. A
+  /// record or block shows as one of its members: its address, image, name, numbers, or size.
   std::vector<std::string> calls() const;
 
   /// Runs before the call is answered, on the calling thread. An override calls this one.

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <atomic>
 #include <string_view>
 
@@ -28,6 +29,32 @@ std::string narrow(std::wstring_view text) {
 std::string shown(const wchar_t* text) { return text == nullptr ? "null" : '"' + narrow(text) + '"'; }
 std::string shown(const qzstd::PrinterInfo* printer) { return printer == nullptr ? "null" : narrow(printer->uid); }
 std::string shown(const bool* flag) { return flag == nullptr ? "null" : *flag ? "true" : "false"; }
+std::string shown(int number) { return std::to_string(number); }
+std::string shown(const std::int32_t* number) { return number == nullptr ? "null" : std::to_string(*number); }
+std::string shown(const std::uint8_t* number) { return number == nullptr ? "null" : std::to_string(*number); }
+std::string shown(const std::wstring* text) { return text == nullptr ? "null" : shown(text->c_str()); }
+std::string shown(const AppComm::QRCode* record) { return record == nullptr ? "null" : shown(&record->image); }
+std::string shown(const AppMgr::WifiNetwork* network) { return network == nullptr ? "null" : shown(network->name.data()); }
+std::string shown(const std::vector<AppMgr::WifiNetwork>* networks) {
+  return networks == nullptr ? "null" : std::to_string(networks->size()) + " networks";
+}
+
+template <std::size_t size, class Number>
+std::string shownList(const std::array<Number, size>& numbers) {
+  std::string list;
+  for (const auto number : numbers) list += (list.empty() ? "" : " ") + std::to_string(number);
+  return '[' + list + ']';
+}
+
+std::string shown(const AppComm::SetAdjust* record) {
+  return record == nullptr ? "null" : shownList(record->values.corrections);
+}
+std::string shown(const AppPrinterSdk::NetworkSettings* settings) {
+  return settings == nullptr ? "null" : shownList(settings->address);
+}
+std::string shown(const AppPrinterSdk::PushScanPara* parameters) {
+  return parameters == nullptr ? "null" : std::to_string(parameters->resolution);
+}
 
 // Called with the arguments of the call that `name` names.
 struct Recorder {

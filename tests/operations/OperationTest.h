@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <any>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -17,6 +18,10 @@
 #include "operations/Journal.h"
 #include "support/LoggingOn.h"
 #include "support/PlainWindow.h"
+
+using Texts = std::vector<std::string>;
+
+inline constexpr const char* kAsksJobs = R"(AppMgr_GetPrintingJob("manager-id"))";
 
 /// A window that does what the test says when it is told; it has no handle. Without an action it wants further results.
 class NoticeWindow : public support::PlainWindow {
@@ -54,11 +59,13 @@ class ScriptedPrinter : public fakes::MakerLibraries {
 };
 
 /// One operation, run on the test's thread with the real log: printer, windows and tasks for it, and a journal of all it does.
-class OperationTest : public testing::Test {
+/// A sleep of the operation takes no time; the journal notes it as `sleep N us`.
+class OperationFixture : public testing::Test {
  protected:
   using Type = AppComm::Type;
 
-  explicit OperationTest(std::string function);
+  explicit OperationFixture(std::string function);
+  ~OperationFixture() override;
 
   static std::shared_ptr<qzstd::PrinterInfo> newPrinter(const std::wstring& uid);
 
@@ -71,13 +78,24 @@ class OperationTest : public testing::Test {
 
   support::LoggingOn logging;
   Journal journal;
-  ScriptedPrinter libraries{journal};
   const std::shared_ptr<qzstd::PrinterInfo> printer = newPrinter(L"printer-1");
   Type type = Type::State;
+  std::function<void()> whileSleeping;  ///< run within every sleep
+};
+
+/// The same, with the maker's libraries: `ScriptedPrinter`, or one that knows more.
+template <class Libraries>
+class OperationTestWith : public OperationFixture {
+ protected:
+  using OperationFixture::OperationFixture;
+
+  Libraries libraries{journal};
 
  private:
   const fakes::InstalledMaker m_installed{libraries};
 };
+
+using OperationTest = OperationTestWith<ScriptedPrinter>;
 
 /// An entry with `tasks`: the first is the current one, the others are observers.
 std::shared_ptr<comm::CNode> entryOf(const std::vector<std::shared_ptr<AppComm::Node>>& tasks);

@@ -9,12 +9,10 @@
 #include "operations/OperationTest.h"
 
 using AppComm::State;
-using Texts = std::vector<std::string>;
 
 inline constexpr std::int32_t kUsb = 0;
 inline constexpr std::int32_t kNetwork = 1;
 
-inline constexpr const char* kAsksJobs = R"(AppMgr_GetPrintingJob("manager-id"))";
 inline constexpr const char* kReadsState = "AppPrinterSdk_GetState(printer-1)";
 inline constexpr const char* kAsksPushScan = "AppPrinterSdk_IsSuppportPushScan(printer-1)";
 inline constexpr const char* kChecksAddress = "AppMgr_CheckIpChange(printer-1, false)";

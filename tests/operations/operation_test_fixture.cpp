@@ -1,6 +1,7 @@
 #include <utility>
 
 #include "operations/OperationTest.h"
+#include "operations/Sleeps.h"
 
 namespace {
 
@@ -57,9 +58,16 @@ int ScriptedPrinter::AppPrinterSdk_GetState(qzstd::PrinterInfo* printer) {
 
 bool ScriptedPrinter::AppPrinterSdk_IsSuppportPushScan(qzstd::PrinterInfo* /*printer*/) { return pushScan; }
 
-OperationTest::OperationTest(std::string function) : journal(logging.lines(), std::move(function)) {}
+OperationFixture::OperationFixture(std::string function) : journal(logging.lines(), std::move(function)) {
+  sleeps::listen([this](std::chrono::microseconds duration) {
+    journal.add("sleep " + std::to_string(duration.count()) + " us");
+    if (whileSleeping) whileSleeping();
+  });
+}
 
-std::shared_ptr<qzstd::PrinterInfo> OperationTest::newPrinter(const std::wstring& uid) {
+OperationFixture::~OperationFixture() { sleeps::listen(nullptr); }
+
+std::shared_ptr<qzstd::PrinterInfo> OperationFixture::newPrinter(const std::wstring& uid) {
   auto made = std::make_shared<qzstd::PrinterInfo>();
   made->name = uid;
   made->uid = uid;
@@ -67,19 +75,19 @@ std::shared_ptr<qzstd::PrinterInfo> OperationTest::newPrinter(const std::wstring
   return made;
 }
 
-std::shared_ptr<NoticeWindow> OperationTest::window(bool wanted) {
+std::shared_ptr<NoticeWindow> OperationFixture::window(bool wanted) {
   return std::make_shared<NoticeWindow>([this, wanted](long code) {
     journal.add("notice " + std::to_string(code));
     return wanted;
   });
 }
 
-std::shared_ptr<AppComm::Node> OperationTest::task(long code, std::any resource, bool wanted) {
+std::shared_ptr<AppComm::Node> OperationFixture::task(long code, std::any resource, bool wanted) {
   return taskFor(printer, code, std::move(resource), wanted);
 }
 
-std::shared_ptr<AppComm::Node> OperationTest::taskFor(std::shared_ptr<qzstd::PrinterInfo> of, long code, std::any resource,
-                                                      bool wanted) {
+std::shared_ptr<AppComm::Node> OperationFixture::taskFor(std::shared_ptr<qzstd::PrinterInfo> of, long code, std::any resource,
+                                                         bool wanted) {
   auto made = AppComm::Node::Instance(std::move(of), window(wanted), code, type);
   made->setResource(std::move(resource));
   return made;
