@@ -2,32 +2,30 @@
 
 #include <chrono>
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <vector>
+
+#include "console/Commands.h"
+#include "console/Request.h"
+#include "console/Values.h"
 
 namespace console {
 
 /// What the command line asks for.
 struct Options {
+  const Command* command = &pollCommand();
+  Request request = {};
   std::optional<std::wstring> scenario = std::nullopt;  ///< file; none: the environment's or the built-in one
-  std::chrono::seconds duration{12};
+  std::optional<std::wstring> printer = std::nullopt;   ///< uid
+  std::chrono::seconds limit = command->limit;
+  bool json = false;
   bool log = false;
   bool help = false;
+  std::vector<std::wstring> withoutLog = {};  ///< the command line that asks for the same, but for the log
 };
 
-/// `what()` is one line: what is wrong and what would be right.
-class OptionsError : public std::runtime_error {
- public:
-  using std::runtime_error::runtime_error;
-};
-
-/// `arguments` without the program's name. Throws `OptionsError`.
+/// `arguments` without the program's name. The operands have been tried: an operation can be made of them. Throws
+/// `OptionsError`.
 Options parseOptions(const std::vector<std::wstring>& arguments);
-
-/// The command line that asks for the same as `options`, but for the log.
-std::vector<std::wstring> argumentsWithoutLog(const Options& options);
-
-std::wstring helpText();
 
 }  // namespace console

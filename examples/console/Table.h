@@ -32,10 +32,6 @@ struct Row {
   std::chrono::milliseconds sinceLast{0};
 };
 
-/// The text with a question mark for each character that is a control, is invisible or turns the line's direction. What comes
-/// from a printer goes through it before a terminal sees it.
-std::wstring printable(const std::wstring& text);
-
 /// The table's lines, the headings first, none with a line end or longer than `width` characters (at least 1): what does not
 /// fit ends in "~". At most `height` lines (at least 2), the last of which tells how many printers have no room.
 std::vector<std::wstring> renderTable(const std::vector<Row>& rows, std::size_t width, std::size_t height);

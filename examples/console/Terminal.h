@@ -26,13 +26,16 @@ class Terminal {
   /// Writes the lines over those of the last call. They must fit the width and the height.
   void rewriteLines(const std::vector<std::wstring>& lines);
 
-  /// Waits; true when Ctrl-C or Ctrl-Break has come meanwhile or before.
-  bool waitForInterrupt(std::chrono::milliseconds limit);
+  /// Waits; true when Ctrl-C or Ctrl-Break has come meanwhile or before. `other`, a handle to wait for, ends the wait too.
+  bool waitForInterrupt(std::chrono::milliseconds limit, void* other = nullptr);
 
  private:
   const bool m_interactive;
   std::size_t m_rewritable = 0;
 };
+
+/// The first line of standard input, which is UTF-8, without its end.
+std::wstring readLine();
 
 /// One line to standard error: the program's name and the text, which is UTF-8.
 void writeError(const std::string& line);

@@ -1,52 +1,28 @@
-/// printer-console: polls simulated printers through the module and shows what they say.
+/// printer-console: lets the module work on simulated printers and shows what comes of it.
 
 #include <algorithm>
 #include <chrono>
 #include <exception>
 #include <filesystem>
-#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
-#include "console/Board.h"
+#include "AppCommunication.h"
+#include "console/Demo.h"
 #include "console/DiagnosticLog.h"
+#include "console/Operate.h"
 #include "console/Options.h"
-#include "console/Polling.h"
+#include "console/Poll.h"
 #include "console/Terminal.h"
+#include "console/Text.h"
 #include "simulator/SimulatedPrinters.h"
-
-using namespace std::chrono_literals;
 
 namespace {
 
-using Clock = std::chrono::steady_clock;
-
 constexpr int kMistake = 2;  // in the command line or the scenario
 constexpr int kFailure = 1;
-constexpr auto kRefresh = 1000ms;
-constexpr auto kPatience = 5s;  // for printers that are in the middle of an answer
 constexpr std::size_t kLogLines = 8;
-
-void show(console::Terminal& terminal, const console::Board& board, Clock::time_point start) {
-  const auto rows = board.rows();
-  if (terminal.interactive()) {
-    terminal.rewriteLines(console::renderTable(rows, terminal.width(), terminal.height()));
-    return;
-  }
-  const auto sinceStart = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
-  for (const auto& row : rows) terminal.writeLine(console::renderLine(row, sinceStart));
-}
-
-void watch(console::Terminal& terminal, const console::Board& board, std::chrono::seconds duration) {
-  const auto start = Clock::now();
-  for (auto next = start + kRefresh; next <= start + duration; next += kRefresh) {
-    const auto wait = std::chrono::ceil<std::chrono::milliseconds>(next - Clock::now());
-    // Without a last table: the terminal has put its "^C" where it would go.
-    if (terminal.waitForInterrupt(std::max(wait, std::chrono::milliseconds(0)))) return;
-    show(terminal, board, start);
-  }
-}
 
 void showLog(console::Terminal& terminal) {
   const auto lines = console::lastLogLines(kLogLines);
@@ -70,36 +46,70 @@ void loadPrinters(const std::optional<std::wstring>& scenario) {
   }
 }
 
-int poll(const console::Options& options) {
-  loadPrinters(options.scenario);
-  console::Terminal terminal;
-  const auto board = std::make_shared<console::Board>();
-  console::Polling polling(board);
-  for (const auto& uid : simulator::printerUids()) {
-    polling.addPrinter(std::make_shared<qzstd::PrinterInfo>(simulator::newPrinterInfo(uid)));
+std::wstring commandLine(const std::vector<std::wstring>& arguments) {
+  std::wstring line = L"printer-console";
+  for (const auto& argument : arguments) {
+    line += argument.find(L' ') == std::wstring::npos ? L' ' + argument : L" \"" + argument + L'"';
   }
-  watch(terminal, *board, options.duration);
+  return line;
+}
 
-  const bool ended = polling.stop(kPatience);
+console::Outcome runStep(console::Terminal& terminal, const console::DemoStep& step, std::chrono::seconds limit) {
   terminal.writeLine(L"");
-  for (const auto& line : console::renderSummary(board->rows())) terminal.writeLine(line);
-  terminal.writeLine(ended ? L"Stopped: every printer's tasks have ended."
-                           : L"Stopped. Some printer does not answer; its tasks end with the process.");
+  terminal.writeLine(L"> " + commandLine(step.arguments));
+  auto options = console::parseOptions(step.arguments);
+  options.limit = std::min(options.limit, limit);
+  if (console::isOperation(*options.command)) return console::operate(terminal, options);
+  const bool interrupted = console::pollPrinters(terminal, options.limit);
+  return interrupted ? console::Outcome::Interrupted : console::Outcome::Succeeded;
+}
+
+// One process for all steps: what one of them sets the next ones find.
+int demonstrate(console::Terminal& terminal, std::chrono::seconds limit) {
+  using Clock = std::chrono::steady_clock;
+  const auto deadline = Clock::now() + limit;
+  std::size_t asMeant = 0;
+  for (const auto& step : console::demoSteps()) {
+    const auto left = std::chrono::ceil<std::chrono::seconds>(deadline - Clock::now());
+    if (left.count() <= 0) break;
+    const auto outcome = runStep(terminal, step, left);
+    if (outcome == console::Outcome::Interrupted) return console::exitCode(outcome);
+    if (outcome == step.outcome) ++asMeant;
+  }
+  const auto steps = console::demoSteps().size();
+  terminal.writeLine(L"");
+  terminal.writeLine(std::to_wstring(asMeant) + L" of " + std::to_wstring(steps) + L" steps went as meant.");
+  return asMeant == steps ? 0 : kFailure;
+}
+
+int runCommand(console::Terminal& terminal, const console::Options& options) {
+  if (options.command == &console::demoCommand()) return demonstrate(terminal, options.limit);
+  if (console::isOperation(*options.command)) return console::exitCode(console::operate(terminal, options));
+  console::pollPrinters(terminal, options.limit);
   showLog(terminal);
   return 0;
 }
 
+// The module reads its log's switches when it is loaded, hence a second process.
+int runWithLog(console::Terminal& terminal, const console::Options& options) {
+  console::switchLogOn();
+  const int code = console::runAgain(options.withoutLog);
+  if (options.command != &console::pollCommand() && !options.json && code != kMistake) showLog(terminal);
+  return code;
+}
+
 int run(const std::vector<std::wstring>& arguments) {
   const auto options = console::parseOptions(arguments);
+  console::Terminal terminal;
   if (options.help) {
-    console::Terminal().writeLine(console::helpText());
+    terminal.writeLine(console::helpText(*options.command));
     return 0;
   }
-  if (options.log) {
-    console::switchLogOn();
-    return console::runAgain(console::argumentsWithoutLog(options));
-  }
-  return poll(options);
+  if (options.log) return runWithLog(terminal, options);
+  loadPrinters(options.scenario);
+  const int code = runCommand(terminal, options);
+  Stop();
+  return code;
 }
 
 }  // namespace

@@ -2,74 +2,110 @@
 
 #include <algorithm>
 
+#include "console/Text.h"
+
 namespace console {
 namespace {
 
-constexpr int kMostSeconds = 86400;
-constexpr std::size_t kMostDigits = 5;
+constexpr std::int64_t kMostSeconds = 86400;
 
-// For an error line: what cannot be shown as a plain character becomes a question mark.
-std::string plain(const std::wstring& text) {
-  std::string shown;
-  for (const wchar_t unit : text) shown += unit >= L' ' && unit < 0x7f ? static_cast<char>(unit) : '?';
-  return shown;
+struct Given {
+  std::wstring name;
+  std::wstring value;
+};
+
+/// The command line taken apart, before it is known what it means.
+struct Parts {
+  std::vector<std::wstring> words;
+  std::vector<Given> options;
+  std::vector<std::wstring> withoutLog;
+};
+
+// Numbers below zero are no options.
+bool looksLikeAnOption(const std::wstring& argument) {
+  return argument.empty() || (argument[0] == L'-' && !(argument.size() > 1 && argument[1] >= L'0' && argument[1] <= L'9'));
 }
 
-std::chrono::seconds parseSeconds(const std::wstring& text) {
-  const bool digits = std::ranges::all_of(text, [](wchar_t unit) { return unit >= L'0' && unit <= L'9'; });
-  const int value = digits && !text.empty() && text.size() <= kMostDigits ? std::stoi(text) : 0;
-  if (value < 1 || value > kMostSeconds) {
-    throw OptionsError("--seconds is \"" + plain(text) + "\"; it takes a whole number from 1 to " +
-                       std::to_string(kMostSeconds));
+[[noreturn]] void throwUnknown(const std::wstring& option, const std::vector<std::wstring>& words) {
+  const auto& command = findCommand(words).command;
+  throw OptionsError("unknown option \"" + plain(option) + "\"; known are " + optionList(command));
+}
+
+// The option at `argument`, which is left on its last word.
+Given takeOption(std::vector<std::wstring>::const_iterator& argument, std::vector<std::wstring>::const_iterator end,
+                 const std::vector<std::wstring>& words) {
+  const auto name = *argument == L"-h" ? L"--help" : *argument;
+  const auto* option = findOption(name, nullptr);
+  if (option == nullptr) throwUnknown(name, words);
+  if (option->value == nullptr) return {name, {}};
+  if (argument + 1 == end || (argument + 1)->empty()) throw OptionsError(plain(name) + " needs a value; --help shows how");
+  return {name, *++argument};
+}
+
+Parts takeApart(const std::vector<std::wstring>& arguments) {
+  Parts parts;
+  for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
+    if (*argument == L"--") {
+      parts.words.insert(parts.words.end(), argument + 1, arguments.end());
+      parts.withoutLog.insert(parts.withoutLog.end(), argument, arguments.end());
+      break;
+    }
+    const auto first = argument;
+    if (looksLikeAnOption(*argument)) {
+      parts.options.push_back(takeOption(argument, arguments.end(), parts.words));
+      if (parts.options.back().name == L"--log") continue;
+    } else {
+      parts.words.push_back(*argument);
+    }
+    parts.withoutLog.insert(parts.withoutLog.end(), first, argument + 1);
   }
-  return std::chrono::seconds(value);
+  return parts;
+}
+
+void take(const Given& given, Options& options) {
+  if (findOption(given.name, options.command) == nullptr) {
+    throw OptionsError(plain(options.command->words) + " has no option " + plain(given.name) + "; known are " +
+                       optionList(*options.command));
+  }
+  if (given.name == L"--scenario") {
+    options.scenario = given.value;
+  } else if (given.name == L"--printer") {
+    options.printer = given.value;
+  } else if (given.name == L"--seconds") {
+    options.limit = std::chrono::seconds(parseNumber(given.name, given.value, 1, kMostSeconds));
+  } else if (given.name == L"--json") {
+    options.json = true;
+  } else if (given.name == L"--log") {
+    options.log = true;
+  } else if (given.name == L"--help") {
+    options.help = true;
+  } else {
+    options.request.options[given.name] = given.value;
+  }
+}
+
+void checkOperands(const Command& command, const std::vector<std::wstring>& operands) {
+  if (operands.size() < command.leastOperands || operands.size() > command.mostOperands) {
+    const bool none = command.mostOperands == 0;
+    throw OptionsError(plain(command.words) + " takes " + (none ? "no operands" : plain(command.operands)) +
+                       "; --help shows how");
+  }
+  if (std::ranges::any_of(operands, &std::wstring::empty)) throw OptionsError("an operand is empty; --help shows how");
 }
 
 }  // namespace
 
 Options parseOptions(const std::vector<std::wstring>& arguments) {
-  Options options;
-  for (auto argument = arguments.begin(); argument != arguments.end(); ++argument) {
-    const auto value = [&]() -> const std::wstring& {
-      if (argument + 1 == arguments.end() || (argument + 1)->empty()) {
-        throw OptionsError(plain(*argument) + " needs a value; --help shows how");
-      }
-      return *++argument;
-    };
-    if (*argument == L"--scenario") {
-      options.scenario = value();
-    } else if (*argument == L"--seconds") {
-      options.duration = parseSeconds(value());
-    } else if (*argument == L"--log") {
-      options.log = true;
-    } else if (*argument == L"--help" || *argument == L"-h") {
-      options.help = true;
-    } else {
-      throw OptionsError("unknown option \"" + plain(*argument) +
-                         "\"; known are --scenario FILE, --seconds N, --log and --help");
-    }
-  }
+  auto parts = takeApart(arguments);
+  const auto found = findCommand(parts.words);
+  Options options{.command = &found.command};
+  options.withoutLog = std::move(parts.withoutLog);
+  options.request.operands.assign(parts.words.begin() + static_cast<std::ptrdiff_t>(found.words), parts.words.end());
+  for (const auto& given : parts.options) take(given, options);
+  if (options.help) return options;
+  checkOperands(found.command, options.request.operands);
+  if (isOperation(found.command)) found.command.newOperation(options.request);
   return options;
-}
-
-std::vector<std::wstring> argumentsWithoutLog(const Options& options) {
-  std::vector<std::wstring> arguments{L"--seconds", std::to_wstring(options.duration.count())};
-  if (options.scenario) arguments.insert(arguments.end(), {L"--scenario", *options.scenario});
-  if (options.help) arguments.push_back(L"--help");
-  return arguments;
-}
-
-std::wstring helpText() {
-  return L"printer-console: polls the state of simulated printers through AppCommunication.dll and shows it.\n"
-         L"\n"
-         L"  --scenario FILE   the printers and what happens to them (docs/scenario.md); without it the file that\n"
-         L"                    PRINTER_SCENARIO names, or a built-in scenario\n"
-         L"  --seconds N       how long to poll, 1 to 86400; 12 without it. Ctrl-C ends it earlier\n"
-         L"  --log             switch the diagnostic log on (C:\\log\\orva_config.ini) and start again with it\n"
-         L"  --help            this text\n"
-         L"\n"
-         L"Exit code: 0 after the poll, 2 for a mistake in the command line or the scenario, 1 when the system fails;\n"
-         L"130 after Ctrl-C where ./dev runs it.\n";
 }
 
 }  // namespace console

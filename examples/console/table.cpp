@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "console/Text.h"
+
 namespace console {
 namespace {
 
@@ -23,37 +25,6 @@ constexpr std::array<Column, 6> kColumns{{
 constexpr const wchar_t* kSuppliesHeading = L"SUPPLIES";
 constexpr std::size_t kSuppliesInLine = 60;
 constexpr std::size_t kNameInSummary = 60;
-
-struct Range {
-  wchar_t first;
-  wchar_t last;
-};
-
-// Controls, and what is invisible, turns the direction of the line or breaks it.
-constexpr std::array<Range, 6> kUnprintable{{
-    {0x00, 0x1f},
-    {0x7f, 0x9f},
-    {0x200b, 0x200f},
-    {0x2028, 0x202e},
-    {0x2060, 0x206f},
-    {0xfeff, 0xfeff},
-}};
-
-bool isUnprintable(wchar_t unit) {
-  return std::ranges::any_of(kUnprintable, [unit](const Range& range) { return unit >= range.first && unit <= range.last; });
-}
-
-bool isFirstOfPair(wchar_t unit) { return unit >= 0xd800 && unit < 0xdc00; }
-
-// At most `width` characters, the last of them a "~" when there were more.
-std::wstring cut(const std::wstring& text, std::size_t width) {
-  if (text.size() <= width) return text;
-  auto shown = text.substr(0, width - 1);
-  if (!shown.empty() && isFirstOfPair(shown.back())) shown.pop_back();
-  return shown + L'~';
-}
-
-std::wstring shown(const std::wstring& text, std::size_t width) { return printable(cut(text, width)); }
 
 std::wstring connectionText(std::int32_t kind) {
   if (kind == 0) return L"USB";
@@ -81,10 +52,6 @@ std::wstring suppliesText(const Row& row, std::size_t width) {
     text += supply.color + L' ' + std::to_wstring(supply.percent) + L'%';
   }
   return shown(text, width);
-}
-
-std::wstring secondsText(std::chrono::milliseconds time) {
-  return std::to_wstring(time.count() / 1000) + L'.' + std::to_wstring(time.count() % 1000 / 100) + L" s";
 }
 
 using Cells = std::array<std::wstring, kColumns.size()>;
@@ -121,12 +88,6 @@ std::wstring counts(const std::wstring& what, std::uint64_t notices, std::uint64
 }
 
 }  // namespace
-
-std::wstring printable(const std::wstring& text) {
-  auto result = text;
-  std::ranges::replace_if(result, isUnprintable, L'?');
-  return result;
-}
 
 std::vector<std::wstring> renderTable(const std::vector<Row>& rows, std::size_t width, std::size_t height) {
   std::vector<std::wstring> lines{headings(width)};

@@ -1,5 +1,6 @@
 #include "console/Terminal.h"
 
+#include <array>
 #include <optional>
 #include <system_error>
 
@@ -7,6 +8,8 @@
 
 namespace console {
 namespace {
+
+constexpr std::size_t kLongestLine = 4096;
 
 // Never closed: the system runs the handler on a thread of its own, which may still be at it when the program ends.
 HANDLE interruptEvent() {
@@ -106,8 +109,21 @@ void Terminal::rewriteLines(const std::vector<std::wstring>& lines) {
   m_rewritable = lines.size();
 }
 
-bool Terminal::waitForInterrupt(std::chrono::milliseconds limit) {
-  return ::WaitForSingleObject(interruptEvent(), static_cast<DWORD>(limit.count())) == WAIT_OBJECT_0;
+bool Terminal::waitForInterrupt(std::chrono::milliseconds limit, void* other) {
+  const std::array<HANDLE, 2> handles{interruptEvent(), other};  // the first one wins
+  const DWORD count = other == nullptr ? 1 : 2;
+  return ::WaitForMultipleObjects(count, handles.data(), FALSE, static_cast<DWORD>(limit.count())) == WAIT_OBJECT_0;
+}
+
+std::wstring readLine() {
+  const auto input = ::GetStdHandle(STD_INPUT_HANDLE);
+  std::string line;
+  char unit = 0;
+  DWORD read = 0;
+  while (line.size() < kLongestLine && ::ReadFile(input, &unit, 1, &read, nullptr) != 0 && read == 1 && unit != '\n')
+    line += unit;
+  if (line.ends_with('\r')) line.pop_back();
+  return fromUtf8(line);
 }
 
 void writeError(const std::string& line) { write(STD_ERROR_HANDLE, L"printer-console: " + fromUtf8(line) + L"\r\n"); }

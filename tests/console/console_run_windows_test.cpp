@@ -4,58 +4,14 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <string>
-#include <vector>
 
-#include "support/ChildProcess.h"
+#include "ConsoleTest.h"
 
 namespace {
 
-using Arguments = std::vector<std::wstring>;
-
-struct Ended {
-  std::uint32_t code = 0;
-  std::string output;
-  std::string errors;
-};
-
-class ConsoleTest : public testing::Test {
- protected:
-  ConsoleTest() {
-    std::filesystem::remove_all(kFolder);
-    std::filesystem::create_directories(kFolder);
-  }
-  ~ConsoleTest() override {
-    std::filesystem::remove_all(kFolder);
-    std::filesystem::remove_all(L"C:\\log");
-  }
-
-  static Ended run(const Arguments& arguments) {
-    const support::ChildProcess child(L"printer-console.exe", arguments);
-    const auto code = child.wait();
-    EXPECT_TRUE(code) << "has not ended";
-    return {code.value_or(0), child.output(), child.errors()};
-  }
-
-  /// A mistake is told in one line on the standard error.
-  static void expectMistake(const Arguments& arguments, const std::string& error) {
-    const auto ended = run(arguments);
-    EXPECT_EQ(ended.code, 2U);
-    EXPECT_EQ(ended.output, "");
-    EXPECT_EQ(ended.errors, "printer-console: " + error + "\r\n");
-  }
-
-  std::wstring scenario(const std::wstring& name, const std::string& text) const {
-    const auto file = kFolder / name;
-    std::ofstream(file, std::ios::binary) << text;
-    return file.wstring();
-  }
-
-  const std::filesystem::path kFolder = L"C:\\console-test";
-};
-
-bool contains(const std::string& text, const std::string& part) { return text.find(part) != std::string::npos; }
+using consoletest::ConsoleTest;
+using consoletest::contains;
 
 TEST_F(ConsoleTest, HelpIsOutputAndNoMistake) {
   const auto ended = run({L"--help"});
@@ -109,13 +65,14 @@ TEST_F(ConsoleTest, ScenarioThatIsNoTextIsToldWithoutIt) {
                 "--scenario holds characters that are no text; it takes the path of a scenario file");
 }
 
-TEST_F(ConsoleTest, PollShowsBothPrintersAndEndsWithASummary) {
+TEST_F(ConsoleTest, PollShowsEveryPrinterAndEndsWithASummary) {
   const auto ended = run({L"--seconds", L"3"});
   EXPECT_EQ(ended.code, 0U);
   EXPECT_EQ(ended.errors, "");
-  for (const auto* part : {"usb-desk  USB, ", "net-hall  network, ", "queried yes", "supplies black 62%",
-                           "Desk printer: notices ", "Hall printer: notices ", "All together: notices ",
-                           "Stopped: every printer's tasks have ended.", "The diagnostic log is off; --log switches it on."}) {
+  for (const auto* part :
+       {"usb-desk  USB, ", "net-hall  network, ", "queried yes", "supplies black 62%", "Desk printer: notices ",
+        "Hall printer: notices ", "Lab printer: notices ", "All together: notices ",
+        "Stopped: every printer's tasks have ended.", "The diagnostic log is off; --log switches it on."}) {
     EXPECT_TRUE(contains(ended.output, part)) << part << " is not in\n" << ended.output;
   }
 }
@@ -152,6 +109,35 @@ TEST_F(ConsoleTest, PrinterThatNeverAnswersIsLeftToTheEndOfTheProcess) {
   const auto ended = run({L"--scenario", file, L"--seconds", L"1"});
   EXPECT_EQ(ended.code, 0U) << ended.errors;
   EXPECT_TRUE(contains(ended.output, "Stopped. Some printer does not answer; its tasks end with the process.")) << ended.output;
+}
+
+TEST_F(ConsoleTest, DemoGoesAsMeant) {
+  const auto ended = run({L"demo"});
+  EXPECT_EQ(ended.code, 0U) << ended.output;
+  EXPECT_TRUE(ended.output.ends_with(" steps went as meant.\r\n")) << ended.output;
+  EXPECT_TRUE(contains(ended.output, "\r\n> printer-console set sleep-time 15 --printer usb-lab\r\n"));
+}
+
+TEST_F(ConsoleTest, DemoThatIsCutShortHasFailed) {
+  const auto ended = run({L"demo", L"--seconds", L"1"});
+  EXPECT_EQ(ended.code, 1U);
+  EXPECT_TRUE(contains(ended.output, " steps went as meant.\r\n")) << ended.output;
+}
+
+TEST_F(ConsoleTest, DemoTellsWhenAStepDidNotGoAsMeant) {
+  const auto file = scenario(L"idle-hall.xml", R"(<scenario>
+      <printer uid='net-hall' manager-id='m1' connection='network' interval='20'/>
+      <printer uid='usb-lab' manager-id='m2' connection='usb' interval='20' push-scan='yes'>
+        <firmware size='1' restart='1000'/>
+        <upgrade-service check-time='1'/>
+        <wifi segments='1' segment-time='1' join-segments='1' join-time='1'>
+          <access-point name='Laboratory' password='not so secret'/>
+        </wifi>
+      </printer>
+    </scenario>)");
+  const auto ended = run({L"demo", L"--scenario", file});
+  EXPECT_EQ(ended.code, 1U);
+  EXPECT_TRUE(ended.output.ends_with("\r\n25 of 26 steps went as meant.\r\n")) << ended.output;
 }
 
 }  // namespace

@@ -54,7 +54,7 @@ std::string shown(const std::filesystem::path& path) {
 }
 
 TEST_F(Environment, WithoutTheVariableTheBuiltInScenarioIsUsed) {
-  EXPECT_EQ(printerUids(), (std::vector<std::wstring>{L"usb-desk", L"net-hall"}));
+  EXPECT_EQ(printerUids(), (std::vector<std::wstring>{L"usb-desk", L"net-hall", L"usb-lab"}));
 }
 
 TEST_F(Environment, FirstCallLoadsWhatTheVariableNames) {

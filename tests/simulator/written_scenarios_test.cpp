@@ -19,7 +19,7 @@ std::string codeBlockOf(const std::string& markdown, const std::string& language
 
 TEST_F(WrittenScenarios, ExamplesLoad) {
   loadScenarioFile(sourceFile(L"examples/scenarios/default.xml"));
-  EXPECT_EQ(printerUids(), (std::vector<std::wstring>{L"usb-desk", L"net-hall"}));
+  EXPECT_EQ(printerUids(), (std::vector<std::wstring>{L"usb-desk", L"net-hall", L"usb-lab"}));
   loadScenarioFile(sourceFile(L"examples/scenarios/troubled.xml"));
   EXPECT_EQ(printerUids().size(), 5u);
 }

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "console/Report.h"
+
+namespace console {
+
+/// A command line of the demonstration, and what it is to come to. What a step changes the later ones find.
+struct DemoStep {
+  std::vector<std::wstring> arguments;
+  Outcome outcome = Outcome::Succeeded;
+};
+
+/// The poll first, then every operation, on the printers of the built-in scenario.
+const std::vector<DemoStep>& demoSteps();
+
+}  // namespace console

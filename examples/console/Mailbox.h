@@ -1,0 +1,40 @@
+#pragma once
+
+#include <cstdint>
+#include <mutex>
+#include <optional>
+
+#include "console/Handle.h"
+#include "console/Report.h"
+
+namespace console {
+
+/// The way from the module's threads to the one that waits for an operation. Any thread.
+class Mailbox {
+ public:
+  /// Throws `std::system_error`.
+  Mailbox();
+
+  /// A notice: how the operation goes.
+  void put(Report report);
+  /// The operation is over: its task has been released.
+  void close(Report report);
+
+  struct State {
+    std::optional<Report> last = std::nullopt;
+    std::uint64_t notices = 0;
+    bool closed = false;
+  };
+  State state() const;
+
+  /// Set by `put` and `close`, cleared by the wait that it ends.
+  HANDLE changed() const { return m_changed.get(); }
+
+ private:
+  const Handle m_changed;  // synchronises itself
+
+  mutable std::mutex m_mutex;
+  State m_state;  // guarded by m_mutex
+};
+
+}  // namespace console

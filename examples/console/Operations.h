@@ -1,0 +1,37 @@
+#pragma once
+
+#include <memory>
+
+#include "console/Operation.h"
+#include "console/Request.h"
+#include "console/Values.h"
+
+/// From the words of a command to its operation. Each throws `OptionsError` when an operand or an option is wrong; how many
+/// operands there are has been checked before.
+namespace console {
+
+std::unique_ptr<Operation> newState(const Request& request);
+std::unique_ptr<Operation> newAlarm(const Request& request);
+std::unique_ptr<Operation> newGet(const Request& request);
+std::unique_ptr<Operation> newSet(const Request& request);
+
+std::unique_ptr<Operation> newAlignPrint(const Request& request);
+std::unique_ptr<Operation> newAlignValues(const Request& request);
+std::unique_ptr<Operation> newClean(const Request& request);
+std::unique_ptr<Operation> newQr(const Request& request);
+
+std::unique_ptr<Operation> newNetworkGet(const Request& request);
+std::unique_ptr<Operation> newNetworkSet(const Request& request);
+
+std::unique_ptr<Operation> newFirmwareRegister(const Request& request);
+std::unique_ptr<Operation> newFirmwareCheck(const Request& request);
+std::unique_ptr<Operation> newFirmwareUpgrade(const Request& request);
+std::unique_ptr<Operation> newFirmwareWatch(const Request& request);
+
+std::unique_ptr<Operation> newPushscanRegister(const Request& request);
+std::unique_ptr<Operation> newPushscanGet(const Request& request);
+
+std::unique_ptr<Operation> newWifiList(const Request& request);
+std::unique_ptr<Operation> newWifiJoin(const Request& request);
+
+}  // namespace console

@@ -1,0 +1,73 @@
+#include "Records.h"
+#include "console/Operations.h"
+
+namespace console {
+namespace {
+
+using AppComm::Maintain;
+using AppComm::QRCode;
+using AppComm::SetAdjust;
+using AppComm::Type;
+using AppPrinterSdk::PushScanPara;
+
+template <class Record>
+Report reportResult(const Record& record, const qzstd::PrinterInfo& /*printer*/) {
+  return record.result == 0 ? Report{} : failure(record.result);
+}
+
+std::unique_ptr<Operation> newMaintain(Type type) {
+  return std::make_unique<ChangeOperation<Maintain>>(type, Maintain{}, reportResult<Maintain>);
+}
+
+Report imageReport(const QRCode& record, const qzstd::PrinterInfo& /*printer*/) {
+  return record.printFailed == 0 ? Report{} : failure(L"the image was sent and not printed");
+}
+
+Report pushScanReport(const PushScanPara& record, const qzstd::PrinterInfo& /*printer*/) {
+  return {.results = {number(L"resolution", record.resolution), number(L"color mode", record.colorMode),
+                      number(L"file format", record.fileFormat), number(L"paper size", record.paperSize)}};
+}
+
+/// One that notes in the state record whether it succeeded, and tells no window.
+std::unique_ptr<Operation> newRegistration(Type type, bool AppComm::State::*registered) {
+  return std::make_unique<RecordOperation<AppComm::State>>(
+      type, AppComm::State{},
+      [registered](const AppComm::State& record, const qzstd::PrinterInfo&) {
+        return record.*registered ? Report{} : failure(L"the registration did not succeed");
+      },
+      Operation::Notifies::Not);
+}
+
+}  // namespace
+
+std::unique_ptr<Operation> newAlignPrint(const Request& /*request*/) { return newMaintain(Type::PrintAdjust); }
+std::unique_ptr<Operation> newClean(const Request& /*request*/) { return newMaintain(Type::PrintClean); }
+
+std::unique_ptr<Operation> newAlignValues(const Request& request) {
+  SetAdjust record;
+  auto& corrections = record.values.corrections;
+  for (std::size_t i = 0; i < corrections.size(); ++i) {
+    corrections[i] =
+        static_cast<std::int32_t>(parseNumber(L"N" + std::to_wstring(i + 1), request.operands[i], INT32_MIN, INT32_MAX));
+  }
+  return std::make_unique<ChangeOperation<SetAdjust>>(Type::SetAdjust, record, reportResult<SetAdjust>);
+}
+
+std::unique_ptr<Operation> newQr(const Request& request) {
+  return std::make_unique<ChangeOperation<QRCode>>(Type::PrintQRcode, QRCode{.image = request.operands[0]}, imageReport);
+}
+
+std::unique_ptr<Operation> newFirmwareRegister(const Request& /*request*/) {
+  return newRegistration(Type::RegUpgrade, &AppComm::State::upgradeRegistered);
+}
+
+std::unique_ptr<Operation> newPushscanRegister(const Request& /*request*/) {
+  return newRegistration(Type::RegPushscan, &AppComm::State::pushScanRegistered);
+}
+
+std::unique_ptr<Operation> newPushscanGet(const Request& /*request*/) {
+  return std::make_unique<RecordOperation<PushScanPara>>(Type::GetPushscan, PushScanPara{}, pushScanReport,
+                                                         Operation::Notifies::OnSuccess);
+}
+
+}  // namespace console

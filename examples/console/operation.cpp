@@ -1,0 +1,32 @@
+#include "console/Operation.h"
+
+#include <string>
+
+namespace console {
+
+bool Operation::noticed() {
+  m_noticed = true;
+  return onNotice();
+}
+
+Report Operation::report(const qzstd::PrinterInfo& printer) const {
+  if (m_noticed || m_notifies == Notifies::Not) return reportRecord(printer);
+  if (m_notifies == Notifies::OnSuccess) return failure(L"the printer did not answer it");
+  return failure(L"the module let the task go without running it; try again");  // its list was just ending
+}
+
+Report failure(std::wstring reason) { return {.outcome = Outcome::Failed, .reason = std::move(reason)}; }
+
+Report failure(std::int32_t code) { return failure(L"the printer library answered " + std::to_wstring(code)); }
+
+// The record does not tell the printer's two kinds of being busy apart; most statuses do.
+Report refusal(const qzstd::PrinterInfo& printer, bool statusOne) {
+  if (statusOne) return {.outcome = Outcome::Refused, .reason = L"the printer's device status is 1, which allows no changes"};
+  const auto status = printer.deviceStatus;
+  if (status == 0 || status == 1 || status == 11) return {.outcome = Outcome::Refused, .reason = L"the printer is printing"};
+  return {
+      .outcome = Outcome::Refused,
+      .reason = L"the printer is busy: it prints, or its device status (" + std::to_wstring(status) + L") allows no changes"};
+}
+
+}  // namespace console

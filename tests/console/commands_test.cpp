@@ -1,0 +1,98 @@
+#include "console/Commands.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "console/Values.h"
+
+namespace {
+
+using console::findCommand;
+using Words = std::vector<std::wstring>;
+
+std::string mistakeOf(const Words& words) {
+  try {
+    findCommand(words);
+    return "taken";
+  } catch (const console::OptionsError& error) {
+    return error.what();
+  }
+}
+
+TEST(CommandsTest, EachIsFoundByItsOwnWords) {
+  for (const auto& command : console::allCommands()) {
+    const std::wstring words = command.words;
+    const auto blank = words.find(L' ');
+    Words typed{words.substr(0, blank)};
+    if (blank != std::wstring::npos) typed.push_back(words.substr(blank + 1));
+    const auto own = typed.size();
+    typed.push_back(L"more");
+    const auto found = findCommand(typed);
+    EXPECT_EQ(&found.command, &command) << testing::PrintToString(words);
+    EXPECT_EQ(found.words, own);
+  }
+}
+
+TEST(CommandsTest, WithoutWordsItIsThePoll) {
+  EXPECT_EQ(&findCommand({}).command, &console::pollCommand());
+  EXPECT_EQ(findCommand({}).words, 0U);
+  EXPECT_STREQ(console::pollCommand().words, L"poll");
+  EXPECT_STREQ(console::demoCommand().words, L"demo");
+}
+
+TEST(CommandsTest, MistakesNameTheChoices) {
+  const auto unknown = [](const std::string& word) {
+    return "unknown command \"" + word +
+           "\"; known are poll, demo, state, alarm, get, set, align, clean, qr, network, firmware, pushscan and wifi";
+  };
+  EXPECT_EQ(mistakeOf({L"print"}), unknown("print"));
+  EXPECT_EQ(mistakeOf({L"Get"}), unknown("Get"));
+  EXPECT_EQ(mistakeOf({L"wifi list"}), unknown("wifi list"));
+  EXPECT_EQ(mistakeOf({L"scenario\n.xml"}), unknown("scenario?.xml"));
+  EXPECT_EQ(mistakeOf({L"align"}), "align is followed by nothing; it takes print and values");
+  EXPECT_EQ(mistakeOf({L"firmware", L"update"}),
+            "firmware is followed by \"update\"; it takes register, check, upgrade and watch");
+}
+
+TEST(CommandsTest, OptionsBelongToTheirCommands) {
+  const auto& join = findCommand({L"wifi", L"join"}).command;
+  const auto& list = findCommand({L"wifi", L"list"}).command;
+  EXPECT_NE(console::findOption(L"--password", &join), nullptr);
+  EXPECT_EQ(console::findOption(L"--password", &list), nullptr);
+  EXPECT_NE(console::findOption(L"--password", nullptr), nullptr);
+  EXPECT_NE(console::findOption(L"--json", &list), nullptr);
+  EXPECT_EQ(console::findOption(L"--json", &console::pollCommand()), nullptr);
+  EXPECT_NE(console::findOption(L"--log", &console::pollCommand()), nullptr);
+  EXPECT_EQ(console::findOption(L"--colour", nullptr), nullptr);
+}
+
+bool contains(const std::wstring& text, const std::wstring& part) { return text.find(part) != std::wstring::npos; }
+
+TEST(CommandsTest, HelpNamesEveryCommandAndOption) {
+  for (const auto& command : console::allCommands()) {
+    EXPECT_TRUE(contains(console::helpText(), std::wstring(L"\n  ") + command.words + L' '));
+    const auto help = console::helpText(command);
+    for (const auto& option : command.options) EXPECT_TRUE(contains(help, option.name));
+    for (const auto& option : console::generalOptions()) EXPECT_TRUE(contains(help, option.name));
+  }
+  for (const auto* option : {L"--scenario FILE", L"--seconds N", L"--log", L"--help", L"--printer UID", L"--json"}) {
+    EXPECT_TRUE(contains(console::helpText(), option));
+  }
+}
+
+TEST(CommandsTest, HelpOfOneCommandIsItsOwn) {
+  const auto help = console::helpText(findCommand({L"wifi", L"join"}).command);
+  EXPECT_TRUE(contains(help, L"wifi join NAME --printer UID"));
+  EXPECT_TRUE(contains(help, L"PRINTER_WIFI_PASSWORD"));
+  EXPECT_TRUE(contains(help, L"the limit is 60 seconds"));
+  EXPECT_FALSE(contains(help, L"firmware"));
+}
+
+TEST(CommandsTest, NoTwoAreTheSame) {
+  std::set<std::wstring> words;
+  for (const auto& command : console::allCommands()) words.insert(command.words);
+  EXPECT_EQ(words.size(), console::allCommands().size());
+}
+
+}  // namespace

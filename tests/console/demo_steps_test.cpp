@@ -1,0 +1,32 @@
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "console/Demo.h"
+#include "console/Options.h"
+
+namespace {
+
+TEST(DemoTest, ShowsEveryOperationOnce) {
+  std::set<AppComm::Type> types;
+  for (const auto& step : console::demoSteps()) {
+    const auto options = console::parseOptions(step.arguments);
+    if (console::isOperation(*options.command)) types.insert(options.command->newOperation(options.request)->type());
+  }
+  EXPECT_EQ(types.size(), 22U);
+}
+
+TEST(DemoTest, EveryOperationNamesItsPrinter) {
+  for (const auto& step : console::demoSteps()) {
+    const auto options = console::parseOptions(step.arguments);
+    EXPECT_EQ(options.printer.has_value(), console::isOperation(*options.command)) << testing::PrintToString(step.arguments);
+  }
+}
+
+TEST(DemoTest, BeginsWithAShortPoll) {
+  const auto options = console::parseOptions(console::demoSteps().front().arguments);
+  EXPECT_EQ(options.command, &console::pollCommand());
+  EXPECT_LE(options.limit, std::chrono::seconds(5));
+}
+
+}  // namespace

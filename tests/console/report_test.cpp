@@ -1,0 +1,78 @@
+#include "console/Report.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using console::Fields;
+using console::Outcome;
+using console::Report;
+using console::Values;
+using Lines = std::vector<std::wstring>;
+
+Lines textOf(const Report& report) { return console::renderText(L"get", L"lab", report); }
+
+TEST(ReportTest, ResultsThenWhatCameOfIt) {
+  EXPECT_EQ(textOf({.results = {console::number(L"sleep time", 10), console::yesOrNo(L"DHCP", false),
+                                console::text(L"model", L"Desk 200")}}),
+            (Lines{L"sleep time: 10", L"DHCP: no", L"model: Desk 200", L"get, lab: done"}));
+}
+
+TEST(ReportTest, EveryOutcomeHasItsWordsNameAndExitCode) {
+  struct Case {
+    Outcome outcome;
+    const wchar_t* words;
+    const wchar_t* name;
+    int exitCode;
+  };
+  const Case cases[] = {
+      {Outcome::Succeeded, L"done", L"succeeded", 0},
+      {Outcome::Failed, L"failed", L"failed", 1},
+      {Outcome::Refused, L"refused", L"refused", 1},
+      {Outcome::TimedOut, L"timed out", L"timedOut", 1},
+      {Outcome::Interrupted, L"interrupted", L"interrupted", 130},
+  };
+  for (const auto& [outcome, words, name, exitCode] : cases) {
+    const Report report{.outcome = outcome, .reason = L"why"};
+    EXPECT_EQ(textOf(report), (Lines{L"get, lab: " + std::wstring(words) + L": why"}));
+    EXPECT_EQ(console::renderJson(L"get", L"lab", report),
+              LR"({"command":"get","printer":"lab","outcome":")" + std::wstring(name) + LR"(","reason":"why","results":{}})");
+    EXPECT_EQ(console::exitCode(outcome), exitCode);
+  }
+}
+
+TEST(ReportTest, ListOfRecordsTakesALineForEach) {
+  const Fields black{console::text(L"color", L"black"), console::number(L"percent", 62)};
+  EXPECT_EQ(textOf({.results = {{L"supplies", {Values{{black}, {black}}}}}}),
+            (Lines{L"supplies:", L"  color black, percent 62", L"  color black, percent 62", L"get, lab: done"}));
+}
+
+TEST(ReportTest, ListOfNumbersTakesOneLineAndNothingIsADash) {
+  EXPECT_EQ(textOf({.results = {{L"alerts", {Values{console::integer(12), console::integer(-3)}}},
+                                {L"none", {Values{}}},
+                                console::text(L"address", L"")}}),
+            (Lines{L"alerts: 12, -3", L"none: -", L"address: -", L"get, lab: done"}));
+}
+
+TEST(ReportTest, TextIsCutAndSteersNoTerminal) {
+  const Values many(10000, console::integer(-2147483648));
+  const auto lines = textOf({.reason = L"a\x1b[H",
+                             .results = {console::text(L"model", std::wstring(100000, L'x')),
+                                         console::text(L"address", L"a\r\n\x1b[2J"),
+                                         {L"alerts", {many}},
+                                         {L"networks", {Values{{Fields{console::text(L"name", L"\nx")}}}}}}});
+  ASSERT_EQ(lines.size(), 6U);
+  for (const auto& line : lines) EXPECT_LE(line.size(), console::kMostTextInLine);
+  EXPECT_EQ(lines[0].back(), L'~');
+  EXPECT_EQ(lines[1], L"address: a???[2J");
+  EXPECT_EQ(lines[4], L"  name ?x");
+  EXPECT_EQ(lines[5], L"get, lab: done: a?[H");
+}
+
+TEST(ReportTest, JsonHasTheResultsInFull) {
+  const std::wstring model(100000, L'x');
+  EXPECT_EQ(console::renderJson(L"state", L"a\"b", {.results = {console::text(L"model", model)}}),
+            LR"({"command":"state","printer":"a\"b","outcome":"succeeded","results":{"model":")" + model + LR"("}})");
+}
+
+}  // namespace
