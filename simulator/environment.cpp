@@ -6,6 +6,17 @@
 
 namespace simulator {
 
+#if defined(_WIN32)
+namespace {
+
+bool isPair(std::wstring_view units, std::size_t first) {
+  return first + 1 < units.size() && units[first] >= 0xd800 && units[first] <= 0xdbff && units[first + 1] >= 0xdc00 &&
+         units[first + 1] <= 0xdfff;
+}
+
+}  // namespace
+#endif
+
 std::filesystem::path scenarioPathFromEnvironment() {
 #if defined(_WIN32)
   // The narrow form would lose what the system's code page does not have.
@@ -18,7 +29,20 @@ std::filesystem::path scenarioPathFromEnvironment() {
 }
 
 std::string shown(const std::filesystem::path& path) {
+#if defined(_WIN32)
+  // A name may hold halves of characters, which have no UTF-8.
+  std::wstring units = path.native();
+  for (std::size_t i = 0; i < units.size(); ++i) {
+    if (isPair(units, i)) {
+      ++i;
+    } else if (units[i] >= 0xd800 && units[i] <= 0xdfff) {
+      units[i] = 0xfffd;  // the replacement character
+    }
+  }
+  const std::u8string text = std::filesystem::path(units).u8string();
+#else
   const std::u8string text = path.u8string();
+#endif
   return {text.begin(), text.end()};
 }
 

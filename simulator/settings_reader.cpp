@@ -40,8 +40,8 @@ bool readNumbers(std::string_view text, char separator, std::array<Number, count
   for (std::size_t i = 0; i < count; ++i) {
     if (i > 0 && (place == end || *place++ != separator)) return false;
     const auto parsed = std::from_chars(place, end, numbers[i]);
-    const bool octal = *place == '0' && parsed.ptr - place > 1;  // or so some would read it
-    if (parsed.ec != std::errc() || octal) return false;
+    if (parsed.ec != std::errc()) return false;
+    if (*place == '0' && parsed.ptr - place > 1) return false;  // some would read it as octal
     place = parsed.ptr;
   }
   return place == end;

@@ -23,7 +23,7 @@ std::string quoted(std::string_view value) {
     text = text.substr(0, end) + "...";
   }
   std::ranges::replace_if(
-      text, [](unsigned char byte) { return byte < 0x20; }, ' ');
+      text, [](unsigned char byte) { return byte < 0x20 || byte == 0x7f; }, ' ');
   return "'" + text + "'";
 }
 
@@ -65,7 +65,7 @@ void StrictElement::allow(Names attributes, Names children) const {
       failAt(*m_file, child->GetLineNum(), "text in " + tag(name()) + "; right are elements, attributes and comments only");
     }
     if (contains(children, child->Value())) continue;
-    failAt(*m_file, child->GetLineNum(), "unknown element " + tag(child->Value()) + " in " + tag(name()) + known(children));
+    failAt(*m_file, child->GetLineNum(), "unknown element " + quoted(child->Value()) + " in " + tag(name()) + known(children));
   }
 }
 

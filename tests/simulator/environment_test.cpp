@@ -89,6 +89,24 @@ TEST_F(Environment, ErrorNamesTheFile) {
   EXPECT_EQ(errorOf(file), shown(file) + ":2: no <printer> in <scenario>; right is at least one");
 }
 
+TEST_F(Environment, NameThatIsNoTextIsShownWithReplacements) {
+#if defined(_WIN32)
+  const auto file = m_folder / std::wstring{L'a', wchar_t{0xd800}, L'b', wchar_t{0xd83d}, wchar_t{0xdda8}};
+  const std::string name =
+      "a\xef\xbf\xbd"
+      "b\xf0\x9f\x96\xa8";
+#else
+  const auto file = m_folder /
+                    "a\xff"
+                    "b";
+  const std::string name =
+      "a\xff"
+      "b";  // any bytes but two are a name here
+#endif
+  const std::string error = errorOf(file);
+  EXPECT_NE(error.find(name + ": there is no such file; right is"), std::string::npos) << error;
+}
+
 TEST_F(Environment, MissingFileIsAnError) {
   const auto file = m_folder / "none.xml";
   EXPECT_EQ(errorOf(file),
