@@ -137,8 +137,8 @@ struct NetWork {
 /// Record of `Type::FirmNewCheck`, `Type::FirmUpgrade` and `Type::FirmUpCheck`; a fresh one for each.
 ///
 /// - `FirmNewCheck`, a repeating task, goes one step in each run, and every run notifies. The first run starts the check, later
-///   ones ask whether it is done and then fetch the versions. After `newFirmware`, or once `ok` is false, there is nothing more
-///   to learn: the caller ends the task.
+///   ones ask whether it is done and then fetch the versions: `newFirmware` tells whether there are any. Once a notice finds
+///   `done` true or `ok` false there is nothing more to learn: the caller ends the task.
 /// - `FirmUpgrade` sends the firmware and notifies after each progress call that succeeded, and at the end.
 /// - `FirmUpCheck` asks the printer for its state again and again, and notifies each time, until the caller sets `done`
 ///   (through `std::atomic_ref`).
@@ -170,7 +170,17 @@ struct WIFI {
 #if defined(_WIN32)
 // Applications were built against these layouts.
 static_assert(sizeof(AppPrinterSdk::AlignmentValues) == 24);
-static_assert(sizeof(AppMgr::WifiNetwork) == 776);
+static_assert(sizeof(AppPrinterSdk::Ipv4Address) == 4);
+static_assert(offsetof(AppPrinterSdk::NetworkSettings, dhcp) == 0 && offsetof(AppPrinterSdk::NetworkSettings, address) == 1 &&
+              offsetof(AppPrinterSdk::NetworkSettings, subnetMask) == 5 &&
+              offsetof(AppPrinterSdk::NetworkSettings, gateway) == 9 &&
+              offsetof(AppPrinterSdk::NetworkSettings, dnsServer) == 13 && sizeof(AppPrinterSdk::NetworkSettings) == 17);
+static_assert(offsetof(AppPrinterSdk::PushScanPara, resolution) == 0 && offsetof(AppPrinterSdk::PushScanPara, colorMode) == 4 &&
+              offsetof(AppPrinterSdk::PushScanPara, fileFormat) == 8 &&
+              offsetof(AppPrinterSdk::PushScanPara, paperSize) == 12 && sizeof(AppPrinterSdk::PushScanPara) == 16);
+static_assert(offsetof(AppMgr::WifiNetwork, name) == 0 && offsetof(AppMgr::WifiNetwork, password) == 256 &&
+              offsetof(AppMgr::WifiNetwork, security) == 768 && offsetof(AppMgr::WifiNetwork, signal) == 772 &&
+              sizeof(AppMgr::WifiNetwork) == 776);
 
 namespace AppComm {
 
@@ -188,7 +198,7 @@ static_assert(offsetof(Maintain, busy) == 0 && offsetof(Maintain, statusOne) == 
 static_assert(offsetof(SetAdjust, values) == 0 && offsetof(SetAdjust, busy) == 24 && offsetof(SetAdjust, statusOne) == 25 &&
               offsetof(SetAdjust, result) == 28 && sizeof(SetAdjust) == 32);
 static_assert(offsetof(NetWork, result) == 0 && offsetof(NetWork, busy) == 4 && offsetof(NetWork, statusOne) == 5 &&
-              offsetof(NetWork, settings) == 6);
+              offsetof(NetWork, settings) == 6 && sizeof(NetWork) == 24);
 static_assert(offsetof(QRCode, image) == 0 && offsetof(QRCode, busy) == sizeof(std::wstring) &&
               offsetof(QRCode, statusOne) == sizeof(std::wstring) + 1 &&
               offsetof(QRCode, printFailed) == sizeof(std::wstring) + 4 && sizeof(QRCode) == sizeof(std::wstring) + 8);
