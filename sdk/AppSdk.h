@@ -21,7 +21,8 @@ APPSDK_API bool AppSdk_PrintBmp(const wchar_t* managerId, AppComm::QRCode* recor
 APPSDK_API bool AppSdk_SetPrinterUpgradeInfo(qzstd::PrinterInfo* printer);
 
 /// @name Asking the upgrade service for new firmware
-/// Start begins the check; process sets `done` once it has finished; then result tells. The later two name no printer.
+/// Start begins the check; process sets `done` once it has finished; then result tells. All three are called on one thread: the
+/// later two name no printer.
 /// @{
 APPSDK_API bool AppSdk_TriggerFwUpgradeStart(qzstd::PrinterInfo* printer);
 APPSDK_API bool AppSdk_TriggerFwUpgradeProcess(bool* done);

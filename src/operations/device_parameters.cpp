@@ -14,6 +14,7 @@ namespace {
 
 using namespace std::chrono_literals;
 using AppComm::DevParam;
+using AppComm::Type;
 using ParameterRun = operations::Run<DevParam>;
 using Flag = bool DevParam::*;
 
@@ -83,6 +84,7 @@ int readSelected(const ParameterRun& run) {
 }
 
 struct Setting {
+  Type type;
   int (*send)(qzstd::PrinterInfo*, DevParam&);
   Flag flag;
   const wchar_t* resultText;  // takes the result
@@ -96,17 +98,21 @@ int sendZeroSuppliesAlarm(qzstd::PrinterInfo* printer, DevParam& /*record*/) {
   return AppPrinterSdk_SetSuppliesAlarm(printer, &zero);
 }
 
-constexpr Setting kSupplyAlarm{sendZeroSuppliesAlarm, &DevParam::supplyAlarmOk, L"SetSuppliesAlarm ret: %d.",
-                               L" notice caller the result of set device supply alarm.",
-                               L"resource type is NOT device device parameter."};  // the doubled word is part of the text
-constexpr Setting kSleepTime{callWith<AppPrinterSdk_SetSleepTime, &DevParam::sleepTime>, &DevParam::sleepTimeOk,
-                             L"SetSleepTime ret: %d.", L" notice caller the result of set device sleep time."};
-constexpr Setting kPaperAlarm{callWith<AppPrinterSdk_SetPaperAlarm, &DevParam::paperAlarm>, &DevParam::paperAlarmOk,
-                              L"SetPaperAlarm ret: %d.", L" notice caller the result of set device paper alarm."};
-constexpr Setting kSilentMode{callWith<AppPrinterSdk_SetSilentMode, &DevParam::silentMode>, &DevParam::silentModeOk,
-                              L"SetSilentMode ret: %d.", L" notice caller the result of set device silent mode."};
-constexpr Setting kTimedClear{callWith<AppPrinterSdk_SetTimedClear, &DevParam::timedClear>, &DevParam::timedClearOk,
-                              L"SetTimedClear ret: %d.", L" notice caller the result of set device timed clear."};
+constexpr std::array<Setting, 5> kSettings{{
+    {Type::SetSupplyAlarm, sendZeroSuppliesAlarm, &DevParam::supplyAlarmOk, L"SetSuppliesAlarm ret: %d.",
+     L" notice caller the result of set device supply alarm.",
+     L"resource type is NOT device device parameter."},  // the doubled word is part of the text
+    {Type::SetSleepTime, callWith<AppPrinterSdk_SetSleepTime, &DevParam::sleepTime>, &DevParam::sleepTimeOk,
+     L"SetSleepTime ret: %d.", L" notice caller the result of set device sleep time."},
+    {Type::SetPaperAlarm, callWith<AppPrinterSdk_SetPaperAlarm, &DevParam::paperAlarm>, &DevParam::paperAlarmOk,
+     L"SetPaperAlarm ret: %d.", L" notice caller the result of set device paper alarm."},
+    {Type::SetSilentMode, callWith<AppPrinterSdk_SetSilentMode, &DevParam::silentMode>, &DevParam::silentModeOk,
+     L"SetSilentMode ret: %d.", L" notice caller the result of set device silent mode."},
+    {Type::SetTimedClear, callWith<AppPrinterSdk_SetTimedClear, &DevParam::timedClear>, &DevParam::timedClearOk,
+     L"SetTimedClear ret: %d.", L" notice caller the result of set device timed clear."},
+}};
+
+consteval const Setting& settingFor(Type type) { return *std::ranges::find(kSettings, type, &Setting::type); }
 
 int set(std::shared_ptr<comm::CNode> entry, const char* name, const Setting& setting) {
   return operations::inFrame<DevParam>(std::move(entry), name, __LINE__, setting.mismatch, [&](const ParameterRun& run) {
@@ -151,8 +157,18 @@ int comm_thread_getDevParam(std::shared_ptr<comm::CNode> entry) {
   return operations::inFrame<DevParam>(std::move(entry), __func__, __LINE__, kMismatch, readSelected);
 }
 
-int comm_thread_setSupplyAlarm(std::shared_ptr<comm::CNode> entry) { return set(std::move(entry), __func__, kSupplyAlarm); }
-int comm_thread_setSleepTime(std::shared_ptr<comm::CNode> entry) { return set(std::move(entry), __func__, kSleepTime); }
-int comm_thread_setPaperAlarm(std::shared_ptr<comm::CNode> entry) { return set(std::move(entry), __func__, kPaperAlarm); }
-int comm_thread_setSilentMode(std::shared_ptr<comm::CNode> entry) { return set(std::move(entry), __func__, kSilentMode); }
-int comm_thread_setTimedClear(std::shared_ptr<comm::CNode> entry) { return set(std::move(entry), __func__, kTimedClear); }
+int comm_thread_setSupplyAlarm(std::shared_ptr<comm::CNode> entry) {
+  return set(std::move(entry), __func__, settingFor(Type::SetSupplyAlarm));
+}
+int comm_thread_setSleepTime(std::shared_ptr<comm::CNode> entry) {
+  return set(std::move(entry), __func__, settingFor(Type::SetSleepTime));
+}
+int comm_thread_setPaperAlarm(std::shared_ptr<comm::CNode> entry) {
+  return set(std::move(entry), __func__, settingFor(Type::SetPaperAlarm));
+}
+int comm_thread_setSilentMode(std::shared_ptr<comm::CNode> entry) {
+  return set(std::move(entry), __func__, settingFor(Type::SetSilentMode));
+}
+int comm_thread_setTimedClear(std::shared_ptr<comm::CNode> entry) {
+  return set(std::move(entry), __func__, settingFor(Type::SetTimedClear));
+}
