@@ -3,6 +3,7 @@
 #include <chrono>
 #include <condition_variable>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <mutex>
@@ -39,6 +40,9 @@ class InMemoryWindows : public Windows {
   void setTickCount(std::uint64_t milliseconds);
   /// From now on a wait that is not granted at once has timed out at once.
   void expireWaits();
+  /// From now on `listener` is run at the end of each `WriteFile` that wrote, on the writing thread: the bytes are in the file,
+  /// the call has not returned. No lock of this object is held, so the listener may call it. Null: nobody listens.
+  void listenToWrites(std::function<void()> listener);
 
   // What a test looks at.
   bool exists(const std::wstring& path) const;
@@ -91,6 +95,7 @@ class InMemoryWindows : public Windows {
   std::shared_ptr<File> openedFileLocked(const std::wstring& key, DWORD disposition);
   bool shareAllowsLocked(const File& file, DWORD access, DWORD share) const;
   bool isOpenLocked(const File& file) const;
+  bool writeLocked(HANDLE handle, std::string_view bytes);
   bool isIdleLocked() const;
 
   mutable std::mutex m_mutex;  // guards all below
@@ -107,6 +112,7 @@ class InMemoryWindows : public Windows {
   std::uint64_t m_tickCount = 0;
   SYSTEMTIME m_localTime;
   bool m_waitsExpire = false;
+  std::function<void()> m_writeListener;
 };
 
 }  // namespace fakes

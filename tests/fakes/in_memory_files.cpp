@@ -82,23 +82,33 @@ DWORD InMemoryWindows::SetFilePointer(HANDLE handle, LONG distance, PLONG distan
   return static_cast<DWORD>(target & 0xFFFFFFFF);
 }
 
-BOOL InMemoryWindows::WriteFile(HANDLE handle, LPCVOID bytes, DWORD count, LPDWORD written, OVERLAPPED*) {
-  std::lock_guard lock(m_mutex);
-  recordLocked("WriteFile");
-  ++m_writes;
-  m_changed.notify_all();
-  if (written != nullptr) *written = 0;
+bool InMemoryWindows::writeLocked(HANDLE handle, std::string_view bytes) {
   const auto open = m_openFiles.find(handle);
-  if (open == m_openFiles.end() || (open->second.access & kWrites) == 0) return FALSE;
+  if (open == m_openFiles.end() || (open->second.access & kWrites) == 0) return false;
   File& file = *open->second.file;
   const bool appends = (open->second.access & GENERIC_WRITE) == 0;
   std::size_t& position = open->second.position;
   if (appends) position = file.bytes.size();
-  if (file.bytes.size() < position + count) file.bytes.resize(position + count);
-  std::copy_n(static_cast<const char*>(bytes), count, file.bytes.begin() + static_cast<std::ptrdiff_t>(position));
-  position += count;
+  if (file.bytes.size() < position + bytes.size()) file.bytes.resize(position + bytes.size());
+  std::copy(bytes.begin(), bytes.end(), file.bytes.begin() + static_cast<std::ptrdiff_t>(position));
+  position += bytes.size();
   file.writeTime = nextTimeLocked();
-  if (written != nullptr) *written = count;
+  return true;
+}
+
+BOOL InMemoryWindows::WriteFile(HANDLE handle, LPCVOID bytes, DWORD count, LPDWORD written, OVERLAPPED*) {
+  std::function<void()> listener;
+  {
+    std::lock_guard lock(m_mutex);
+    recordLocked("WriteFile");
+    ++m_writes;
+    m_changed.notify_all();
+    const bool wrote = writeLocked(handle, {static_cast<const char*>(bytes), count});
+    if (written != nullptr) *written = wrote ? count : 0;
+    if (!wrote) return FALSE;
+    listener = m_writeListener;
+  }
+  if (listener) listener();
   return TRUE;
 }
 

@@ -55,6 +55,11 @@ void InMemoryWindows::expireWaits() {
   m_waitsExpire = true;
 }
 
+void InMemoryWindows::listenToWrites(std::function<void()> listener) {
+  std::lock_guard lock(m_mutex);
+  m_writeListener = std::move(listener);
+}
+
 bool InMemoryWindows::exists(const std::wstring& path) const {
   std::lock_guard lock(m_mutex);
   return findFileLocked(withoutCase(path)) != nullptr;

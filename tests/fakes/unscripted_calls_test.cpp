@@ -76,6 +76,28 @@ TEST(InMemoryWindows, ExpiredWaitsReturnAtOnce) {
   EXPECT_EQ(windows.semaphoreCount(L"name"), std::nullopt);
 }
 
+TEST(InMemoryWindows, WritesAreToldWithTheirBytesInTheFileAndOnlyWhenTheyWrote) {
+  fakes::InMemoryWindows windows;
+  windows.makeFolder(L"C:\\log");
+  const fakes::Installed installed(windows);
+  std::vector<std::optional<std::string>> told;
+  windows.listenToWrites([&] { told.push_back(windows.fileBytes(L"C:\\log\\a")); });
+  const HANDLE file = ::CreateFileW(L"C:\\log\\a", GENERIC_WRITE, 0, nullptr, OPEN_ALWAYS, 0, nullptr);
+  DWORD written = 9;
+
+  ::WriteFile(file, "x", 1, &written, nullptr);
+  ::WriteFile(file, "yz", 2, &written, nullptr);
+  EXPECT_EQ(written, 2U);
+  EXPECT_EQ(::WriteFile(nullptr, "lost", 4, &written, nullptr), FALSE);
+  EXPECT_EQ(written, 0U);
+  windows.listenToWrites(nullptr);
+  ::WriteFile(file, "!", 1, &written, nullptr);
+
+  EXPECT_EQ(told, (std::vector<std::optional<std::string>>{"x", "xyz"}));
+  EXPECT_EQ(windows.fileBytes(L"C:\\log\\a"), "xyz!");
+  ::CloseHandle(file);
+}
+
 TEST(InMemoryWindows, AFolderGoesWithItsFiles) {
   fakes::InMemoryWindows windows;
   windows.makeFolder(L"C:\\log");

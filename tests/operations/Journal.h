@@ -6,6 +6,9 @@
 
 #include "support/LogLines.h"
 
+/// Journal entries, or parts of them.
+using Texts = std::vector<std::string>;
+
 /// What one run did, in order: its log lines as `DBG text`, between them what the test adds (library calls, notices). A line
 /// that names another function than the operation shows that name: `DBG thread_list: text`. One thread.
 class Journal {
@@ -14,7 +17,7 @@ class Journal {
   Journal(const support::LogLines& lines, std::string function);
 
   void add(std::string entry);
-  std::vector<std::string> entries();
+  Texts entries();
 
  private:
   void takeLines();
@@ -22,5 +25,5 @@ class Journal {
   const support::LogLines& m_lines;
   const std::string m_function;
   std::size_t m_taken;
-  std::vector<std::string> m_entries;
+  Texts m_entries;
 };

@@ -11,8 +11,6 @@
 
 #include "operations/OperationTest.h"
 
-using Texts = std::vector<std::string>;
-
 /// `text` with the numbers in place of each `%d`, in order.
 std::string filled(std::string text, const std::vector<std::int32_t>& numbers);
 

@@ -19,8 +19,6 @@
 #include "support/LoggingOn.h"
 #include "support/PlainWindow.h"
 
-using Texts = std::vector<std::string>;
-
 inline constexpr const char* kAsksJobs = R"(AppMgr_GetPrintingJob("manager-id"))";
 
 /// A window that does what the test says when it is told; it has no handle. Without an action it wants further results.
@@ -81,6 +79,7 @@ class OperationFixture : public testing::Test {
   const std::shared_ptr<qzstd::PrinterInfo> printer = newPrinter(L"printer-1");
   Type type = Type::State;
   std::function<void()> whileSleeping;  ///< run within every sleep
+  std::function<void()> whileLogging;   ///< run within every log line's write; the line is the journal's last entry
 };
 
 /// The same, with the maker's libraries: `ScriptedPrinter`, or one that knows more.

@@ -7,8 +7,6 @@ namespace {
 class NoticeTest : public OperationTest {
  protected:
   NoticeTest() : OperationTest("none") {}
-
-  using Texts = std::vector<std::string>;
 };
 
 TEST_F(NoticeTest, TellsTheTaskAndEveryObserverInOrderEachWithItsOwnCode) {

@@ -17,7 +17,7 @@ void Journal::add(std::string entry) {
   m_entries.push_back(std::move(entry));
 }
 
-std::vector<std::string> Journal::entries() {
+Texts Journal::entries() {
   takeLines();
   return m_entries;
 }
@@ -63,9 +63,15 @@ OperationFixture::OperationFixture(std::string function) : journal(logging.lines
     journal.add("sleep " + std::to_string(duration.count()) + " us");
     if (whileSleeping) whileSleeping();
   });
+  logging.windows().listenToWrites([this] {
+    if (whileLogging) whileLogging();
+  });
 }
 
-OperationFixture::~OperationFixture() { sleeps::listen(nullptr); }
+OperationFixture::~OperationFixture() {
+  sleeps::listen(nullptr);
+  logging.windows().listenToWrites(nullptr);
+}
 
 std::shared_ptr<qzstd::PrinterInfo> OperationFixture::newPrinter(const std::wstring& uid) {
   auto made = std::make_shared<qzstd::PrinterInfo>();

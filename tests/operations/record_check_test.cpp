@@ -96,6 +96,7 @@ class RecordCheckTest : public TableTest<Row> {
     const auto observer = task(8, row().record());
     for (const auto& each : {current, observer}) {
       if (mark) each->setNPAFlag();
+      if (mark) each->setReqNPA();
     }
 
     EXPECT_EQ(run(entryOf({current, observer})), 2);
@@ -103,7 +104,7 @@ class RecordCheckTest : public TableTest<Row> {
     for (const auto& each : {current, observer}) {
       EXPECT_TRUE(each->getOnce());
       EXPECT_EQ(each->getNPAFlag(), mark);
-      EXPECT_FALSE(each->getReqNPA());
+      EXPECT_EQ(each->getReqNPA(), mark);
       EXPECT_FALSE(each->getUpdate());
       EXPECT_FALSE(each->getDelete());
     }
