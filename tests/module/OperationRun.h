@@ -41,9 +41,15 @@ class OperationRun {
     return *this;
   }
 
+  void start() { Add(std::exchange(m_node, nullptr)); }
+
+  bool isOver() const {
+    const std::lock_guard lock(m_end->mutex);
+    return m_end->record.has_value();
+  }
+
   /// Nothing when the module still keeps the task after all the patience.
-  std::optional<Outcome<Record>> perform() {
-    Add(std::exchange(m_node, nullptr));
+  std::optional<Outcome<Record>> waitForEnd() {
     std::unique_lock lock(m_end->mutex);
     m_end->reached.wait_for(lock, kPatience, [this] { return m_end->record.has_value(); });
     if (!m_end->record) return std::nullopt;

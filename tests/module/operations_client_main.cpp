@@ -1,7 +1,8 @@
-/// An application that runs operations on one of five simulated printers, each when the one before has ended, and writes a line
-/// for each: what it did, how often its window was told, and what its record held in the end. The simulation's clock stands
-/// still but for what the windows move it on, so each run does the same.
-///   module_operations ready|printing|failing|updating|wireless
+/// An application that runs operations on simulated printers, each when the one before has ended, and writes a line for each:
+/// what it did, how often its window was told, and what its record held in the end. The simulation's clock stands still but for
+/// what the windows move it on, so each run does the same.
+///   module_operations ready|printing|waiting|alarmed|failing|updating|wireless
+///   module_operations stuck     one printer is in the middle of an operation while another one does others
 /// Exit code 0, or 1 when something did not happen in time.
 
 #include <atomic>
@@ -84,7 +85,14 @@ class Application {
     if (!answer) answer = [](Record&) { return true; };
     OperationRun<Record> operation(description(uid), type, std::move(request), std::move(answer));
     if (repeating) operation.repeating();
-    const auto outcome = operation.perform();
+    operation.start();
+    tellOutcome(uid, what, operation);
+  }
+
+  /// Waits for the end.
+  template <class Record>
+  static void tellOutcome(const std::wstring& uid, const char* what, OperationRun<Record>& operation) {
+    const auto outcome = operation.waitForEnd();
     require(outcome.has_value(), narrow(uid) + ", " + what);
     std::printf("%s %s: %d, %s\n", narrow(uid).c_str(), what, outcome->notices, shown(outcome->record).c_str());
   }
@@ -158,8 +166,8 @@ void changeEverything(Application& application) {
   tellWhatItHolds(uid);
 }
 
-void refuseWhilePrinting(Application& application) {
-  const std::wstring uid = L"printing";
+// Its status is known to the module once the state was read.
+void askAndTryToChange(Application& application, const std::wstring& uid) {
   application.run(uid, Type::State, "state", AppComm::State{});
   application.run(uid, Type::SetSleepTime, "set sleep time", parameters(30, 0));
   application.run(uid, Type::PrintAdjust, "print alignment page", AppComm::Maintain{});
@@ -169,6 +177,10 @@ void refuseWhilePrinting(Application& application) {
   application.run(uid, Type::GetNetwork, "get network", AppComm::NetWork{});
   tellWhatItHolds(uid);
 }
+
+void refuseWhilePrinting(Application& application) { askAndTryToChange(application, L"printing"); }
+void refuseWhileWaiting(Application& application) { askAndTryToChange(application, L"waiting"); }
+void refuseWhileAlarmed(Application& application) { askAndTryToChange(application, L"alarmed"); }
 
 void failAtEverything(Application& application) {
   const std::wstring uid = L"failing";
@@ -225,6 +237,22 @@ void joinNetwork(Application& application) {
   application.run<AppComm::WIFI>(uid, Type::GetWifiList, "list networks when joined", {}, passing);
 }
 
+// The second progress call does not come back before it is let go; the first notice has moved the transfer on to its half.
+void leaveOneInACall(Application& application) {
+  const std::wstring uid = L"stuck";
+  OperationRun<AppComm::FirmUp> transfer(application.description(uid), Type::FirmUpgrade, {.firmware = L"new.bin"},
+                                         letTimePass<AppComm::FirmUp>());
+  transfer.start();
+  require(simulator::waitUntilBegun("AppPrinterSdk_UpgradeFwProgress", 2, application::kPatience, uid), "the call that hangs");
+  application.run(L"ready", Type::State, "state", AppComm::State{});
+  application.run(L"ready", Type::SetSleepTime, "set sleep time", parameters(30, 0));
+  application.run(L"ready", Type::PrintClean, "clean", AppComm::Maintain{});
+  tellWhatItHolds(L"ready");
+  std::printf("stuck upgrade is over: %s\n", text(transfer.isOver()).c_str());
+  simulator::releaseCalls();
+  application.tellOutcome(uid, "upgrade", transfer);
+}
+
 std::string failingCalls() {
   std::string calls;
   for (const char* function : {"AppPrinterSdk_GetSuppliesAlarm", "AppPrinterSdk_SetPaperAlarm", "AppPrinterSdk_GetPaperAlarm",
@@ -238,17 +266,22 @@ std::string failingCalls() {
   return calls;
 }
 
-void loadFivePrinters() {
+void loadAllPrinters() {
   constexpr const char* kUsb = "connection='usb' interval='20' ";
   application::loadPrinters(
       printer("ready", std::string(kUsb) + "push-scan='yes'",
               "<parameters sleep-time='10' supplies-alarm='1' paper-alarm='1' silent-mode='0' timed-clear='0'/>"
               "<network address='192.0.2.10'/><push-scan resolution='600'/>") +
       printer("printing", "connection='network' interval='20' jobs='2' status='3'", "<network address='192.0.2.20'/>") +
+      printer("waiting", std::string(kUsb) + "push-scan='yes' status='1'") +
+      printer("alarmed", std::string(kUsb) + "push-scan='yes' status='5'") +
       printer("failing", std::string(kUsb) + "push-scan='yes'", failingCalls()) +
       printer("updating", std::string(kUsb) + "push-scan='yes' firmware='1.0' upgrade-key='key-7'",
               "<firmware size='1000' rate='1000' restart='900' version='2.0'/>"
               "<upgrade-service check-time='900' new-version='2.0'/>") +
+      printer("stuck", kUsb,
+              "<firmware size='1000' rate='1000'/>"
+              "<call function='AppPrinterSdk_UpgradeFwProgress'><hang call='2'/></call>") +
       printer("wireless", kUsb,
               "<wifi segments='2' segment-time='500' join-segments='1' join-time='500'>"
               "<access-point name='Office' password='canary-secret' security='wpa2' signal='80' segment='1'/>"
@@ -259,18 +292,17 @@ void loadFivePrinters() {
 }  // namespace
 
 int main(int count, char** values) {
-  const std::map<std::string, void (*)(Application&)> actions{{"ready", changeEverything},
-                                                              {"printing", refuseWhilePrinting},
-                                                              {"failing", failAtEverything},
-                                                              {"updating", upgradeFirmware},
-                                                              {"wireless", joinNetwork}};
+  const std::map<std::string, void (*)(Application&)> actions{
+      {"ready", changeEverything},     {"printing", refuseWhilePrinting}, {"waiting", refuseWhileWaiting},
+      {"alarmed", refuseWhileAlarmed}, {"stuck", leaveOneInACall},        {"failing", failAtEverything},
+      {"updating", upgradeFirmware},   {"wireless", joinNetwork}};
   const auto action = actions.find(count == 2 ? values[1] : "");
   if (action == actions.end()) {
     std::fputs("module_operations: unknown printer\n", stderr);
     return 1;
   }
   const int threadsBefore = support::threadCount();
-  loadFivePrinters();
+  loadAllPrinters();
   Application application;
   action->second(application);
   Stop();
