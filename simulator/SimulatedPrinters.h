@@ -54,7 +54,8 @@ class SIMULATOR_VISIBLE ScenarioError : public std::runtime_error {
 
 /// `xml` is UTF-8; `name` stands for the file in error lines.
 SIMULATOR_API void loadScenarioText(std::string_view xml, std::string_view name = "scenario");
-SIMULATOR_API void loadScenarioFile(const std::filesystem::path& file);
+/// `setting` is what named the file, for the error line of one that cannot be opened.
+SIMULATOR_API void loadScenarioFile(const std::filesystem::path& file, std::string_view setting = {});
 /// The file that the environment names, or the built-in scenario.
 SIMULATOR_API void loadScenario();
 /// @}

@@ -169,7 +169,9 @@ StrictElement parseStrictly(tinyxml2::XMLDocument& document, std::string_view te
     const auto line = 1 + std::ranges::count(text.substr(0, zero), '\n');
     failAt(file, static_cast<int>(line), "zero byte in the file; save the file as UTF-8");
   }
-  if (document.Parse(text.data(), text.size()) != tinyxml2::XML_SUCCESS) {
+  const auto error = document.Parse(text.data(), text.size());
+  if (error == tinyxml2::XML_ERROR_EMPTY_DOCUMENT) failAt(file, 1, "the file is empty; right is " + tag(name));
+  if (error != tinyxml2::XML_SUCCESS) {
     failAt(
         file, document.ErrorLineNum(),
         std::string("not well-formed XML (") + document.ErrorName() + "); close every element and quote every attribute once");

@@ -19,6 +19,12 @@ struct Option {
   const wchar_t* help;   ///< a line, or several
 };
 
+/// An operand that has several meanings: one of them, as help says it.
+struct OperandHelp {
+  std::wstring usage;
+  std::wstring help;
+};
+
 /// One thing that the program does.
 struct Command {
   const wchar_t* words;     ///< as typed, one or two
@@ -29,6 +35,7 @@ struct Command {
   std::chrono::seconds limit;                                  ///< without --seconds
   std::span<const Option> options;                             ///< beside those that all commands have
   std::unique_ptr<Operation> (*newOperation)(const Request&);  ///< null: not one operation
+  std::vector<OperandHelp> (*operandHelp)() = nullptr;         ///< null: the summary says it all
 };
 
 std::span<const Command> allCommands();
@@ -54,8 +61,9 @@ const Option* findOption(const std::wstring& name, const Command* command);
 /// All options of the command, as an error line lists them.
 std::string optionList(const Command& command);
 
-/// For the whole program, and for one command.
+/// For the whole program, for one command, and for the commands that share a first word; empty when this word is none.
 std::wstring helpText();
 std::wstring helpText(const Command& command);
+std::wstring groupHelpText(const std::wstring& firstWord);
 
 }  // namespace console

@@ -13,6 +13,12 @@ struct DemoStep {
   Outcome outcome = Outcome::Succeeded;
 };
 
+/// The command line as it is typed, but for its password.
+std::wstring shownCommand(const std::vector<std::wstring>& arguments);
+
+/// The printers that the steps name.
+std::vector<std::wstring> demoPrinters();
+
 /// The poll first, then every operation, on the printers of the built-in scenario.
 const std::vector<DemoStep>& demoSteps();
 

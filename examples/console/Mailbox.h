@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstdint>
 #include <mutex>
 #include <optional>
 
@@ -15,14 +14,14 @@ class Mailbox {
   /// Throws `std::system_error`.
   Mailbox();
 
-  /// A notice: how the operation goes.
-  void put(Report report);
+  /// A notice: how the operation goes. `isLast`: it has refused further ones, so that nothing can change any more.
+  void put(Report report, bool isLast);
   /// The operation is over: its task has been released.
   void close(Report report);
 
   struct State {
     std::optional<Report> last = std::nullopt;
-    std::uint64_t notices = 0;
+    bool isFinal = false;  ///< `last` is what came of it
     bool closed = false;
   };
   State state() const;

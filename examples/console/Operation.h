@@ -7,6 +7,7 @@
 
 #include "Node.h"
 #include "PrinterInfo.h"
+#include "Records.h"
 #include "console/Report.h"
 
 namespace console {
@@ -90,6 +91,9 @@ Report refusal(const qzstd::PrinterInfo& printer, bool statusOne);
 
 /// Reads the printer's state, and tells it.
 std::unique_ptr<Operation> newStateOperation();
+
+/// Notes in the state record whether it succeeded, and tells no window.
+std::unique_ptr<Operation> newRegistration(AppComm::Type type, bool AppComm::State::*registered);
 
 /// An operation that changes the printer. The module goes by the printer's last known state, so that is read first.
 template <class Record>

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <memory>
+#include <vector>
 
+#include "console/Commands.h"
 #include "console/Operation.h"
 #include "console/Request.h"
 #include "console/Values.h"
@@ -14,6 +16,7 @@ std::unique_ptr<Operation> newState(const Request& request);
 std::unique_ptr<Operation> newAlarm(const Request& request);
 std::unique_ptr<Operation> newGet(const Request& request);
 std::unique_ptr<Operation> newSet(const Request& request);
+std::vector<OperandHelp> helpOfSet();
 
 std::unique_ptr<Operation> newAlignPrint(const Request& request);
 std::unique_ptr<Operation> newAlignValues(const Request& request);

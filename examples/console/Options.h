@@ -20,8 +20,8 @@ struct Options {
   std::chrono::seconds limit = command->limit;
   bool json = false;
   bool log = false;
-  bool help = false;
-  std::vector<std::wstring> withoutLog = {};  ///< the command line that asks for the same, but for the log
+  std::optional<std::wstring> help = std::nullopt;  ///< the text that was asked for; nothing is to be done
+  std::vector<std::wstring> withoutLog = {};        ///< the command line that asks for the same, but for the log
 };
 
 /// `arguments` without the program's name. The operands have been tried: an operation can be made of them. Throws

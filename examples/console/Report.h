@@ -31,6 +31,7 @@ struct Value {
 struct Field {
   std::wstring name;
   Value value;
+  std::wstring words = {};  ///< for a person in place of the value, unless empty
 };
 
 /// What one look at an operation's record has shown.
@@ -45,6 +46,9 @@ Value integer(std::int64_t value);
 Field text(std::wstring name, std::wstring value);
 Field number(std::wstring name, std::int64_t value);
 Field yesOrNo(std::wstring name, bool value);
+/// A negative count is the library's way to say that it has none.
+inline constexpr const wchar_t* kUnreadCount = L"could not be read";
+Field count(std::wstring name, std::int32_t value);
 
 /// What the process answers to its caller: 0 for success alone.
 int exitCode(Outcome outcome);

@@ -16,12 +16,12 @@ class Runner {
  public:
   using Clock = std::chrono::steady_clock;
   /// Told about once a second, and at each notice.
-  using ShowProgress = std::function<void(const Stage&, std::chrono::milliseconds elapsed)>;
+  using ShowProgress = std::function<void(Percent, std::chrono::milliseconds elapsed)>;
 
   Runner(Terminal& terminal, ShowProgress showProgress) : m_terminal(terminal), m_showProgress(std::move(showProgress)) {}
 
-  /// The operation, and before it what it wants to be run first, all within `limit`. A printer that does not let go of an
-  /// operation that ran out of time or was interrupted is left to the end of the process.
+  /// The operation, and before it what it wants to be run first, all within `limit`. A task that is not let go soon after that,
+  /// or after Ctrl-C, is left to the end of the process.
   Report run(std::unique_ptr<Operation> operation, const std::shared_ptr<qzstd::PrinterInfo>& printer,
              std::chrono::seconds limit);
 

@@ -37,7 +37,7 @@ class Terminal {
 /// The first line of standard input, which is UTF-8, without its end.
 std::wstring readLine();
 
-/// One line to standard error: the program's name and the text, which is UTF-8.
+/// One line to standard error: the program's name and the text, which is UTF-8. What is not printable becomes a question mark.
 void writeError(const std::string& line);
 
 }  // namespace console

@@ -49,7 +49,15 @@ constexpr std::array<Command, 20> kCommands{{
      30s,
      {},
      newGet},
-    {L"set", L"PARAMETER [VALUE]", 1, 2, L"change a parameter; supplies-alarm takes no value and is set to 0", 30s, {}, newSet},
+    {L"set",
+     L"PARAMETER [VALUE]",
+     1,
+     2,
+     L"change a parameter; supplies-alarm takes no value and is set to 0",
+     30s,
+     {},
+     newSet,
+     helpOfSet},
     {L"align print", L"", 0, 0, L"print an alignment page", 30s, {}, newAlignPrint},
     {L"align values",
      L"N1 N2 N3 N4 N5 N6",
@@ -97,7 +105,7 @@ constexpr std::array<Command, 20> kCommands{{
 
 using std::wstring;
 
-wstring firstWord(const Command& command) {
+wstring firstWordOf(const Command& command) {
   const wstring words = command.words;
   return words.substr(0, words.find(L' '));
 }
@@ -118,10 +126,11 @@ const Command* exactly(const wstring& words) {
 }
 
 [[noreturn]] void throwUnknown(const std::vector<wstring>& words) {
+  if (words[0] == L"help") throw OptionsError("unknown command \"help\"; --help tells of all commands, COMMAND --help of one");
   std::vector<wstring> firsts;
   std::vector<wstring> seconds;
   for (const auto& command : kCommands) {
-    const auto first = firstWord(command);
+    const auto first = firstWordOf(command);
     if (firsts.empty() || firsts.back() != first) firsts.push_back(first);
     if (first == words[0]) seconds.push_back(wstring(command.words).substr(first.size() + 1));
   }
@@ -152,6 +161,13 @@ wstring helpLines(std::span<const Option> options) {
   wstring lines;
   for (const auto& option : options) lines += helpLine(L"  " + usage(option), option.help);
   return lines;
+}
+
+wstring operandLines(const Command& command) {
+  if (command.operandHelp == nullptr) return {};
+  wstring lines;
+  for (const auto& operand : command.operandHelp()) lines += helpLine(L"  " + operand.usage, operand.help);
+  return lines + L'\n';
 }
 
 }  // namespace
@@ -213,18 +229,26 @@ wstring helpText() {
          L"\n"
          L"The simulated printers live as long as the program: the next run finds them as the scenario has them.\n"
          L"\n"
-         L"Exit code: 0 when the operation succeeded, and after a poll; 1 when it failed, was refused or timed out, or when "
-         L"the\n"
-         L"system fails; 2 for a mistake in the command line or the scenario; 130 after Ctrl-C, for the poll only where ./dev\n"
-         L"runs it.\n";
+         L"Exit code: 0 when the operation succeeded, and after a poll; 1 when it failed, was refused or timed out, or when\n"
+         L"the system fails; 2 for a mistake in the command line or the scenario; 130 after Ctrl-C.\n";
 }
 
 wstring helpText(const Command& command) {
-  if (&command == &pollCommand()) return helpText();
   return L"printer-console " + usage(command) + (isOperation(command) ? L" --printer UID" : L"") + L" [OPTION...]\n  " +
-         command.summary + L".\n\n" + helpLines(command.options) + (isOperation(command) ? helpLines(kOperationOptions) : L"") +
-         helpLines(kGeneralOptions) + L"\nWithout --seconds the limit is " + std::to_wstring(command.limit.count()) +
-         L" seconds.\n";
+         command.summary + L".\n\n" + operandLines(command) + helpLines(command.options) +
+         (isOperation(command) ? helpLines(kOperationOptions) : L"") + helpLines(kGeneralOptions) +
+         L"\nWithout --seconds the limit is " + std::to_wstring(command.limit.count()) + L" seconds.\n";
+}
+
+wstring groupHelpText(const wstring& firstWord) {
+  wstring lines;
+  for (const auto& command : kCommands) {
+    if (firstWord == firstWordOf(command) && firstWord != command.words)
+      lines += helpLine(L"  " + usage(command), command.summary);
+  }
+  if (lines.empty()) return {};
+  return L"printer-console " + firstWord + L" COMMAND --printer UID [OPTION...]\n\n" + lines + L'\n' + firstWord +
+         L" COMMAND --help tells more.\n";
 }
 
 }  // namespace console

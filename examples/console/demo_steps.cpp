@@ -1,6 +1,29 @@
+#include <algorithm>
+
 #include "console/Demo.h"
 
 namespace console {
+
+std::wstring shownCommand(const std::vector<std::wstring>& arguments) {
+  std::wstring line = L"printer-console";
+  bool isPassword = false;
+  for (const auto& argument : arguments) {
+    const auto shown = isPassword ? L"***" : argument;
+    line += shown.find(L' ') == std::wstring::npos ? L' ' + shown : L" \"" + shown + L'"';
+    isPassword = argument == L"--password";
+  }
+  return line;
+}
+
+std::vector<std::wstring> demoPrinters() {
+  std::vector<std::wstring> printers;
+  for (const auto& [arguments, outcome] : demoSteps()) {
+    const auto option = std::ranges::find(arguments, L"--printer");
+    if (option == arguments.end()) continue;
+    if (const auto& uid = option[1]; std::ranges::find(printers, uid) == printers.end()) printers.push_back(uid);
+  }
+  return printers;
+}
 
 const std::vector<DemoStep>& demoSteps() {
   static const std::vector<DemoStep> steps{

@@ -29,13 +29,15 @@ Value alertsValue(const std::vector<std::int32_t>& alerts) {
 
 Report stateReport(const State& record, const qzstd::PrinterInfo& printer) {
   if (!record.queried) {
-    auto report = failure(L"the printer was not asked: it prints, and has no control port");
-    report.results = {number(L"jobs", record.jobs)};
+    auto report =
+        failure(std::wstring(L"the printer was not asked: ") +
+                (record.jobs < 0 ? L"its jobs could not be counted" : L"it prints") + L", and it has no control port");
+    report.results = {count(L"jobs", record.jobs)};
     return report;
   }
   if (record.result != 0) return failure(record.result);
   return {.results = {number(L"device status", printer.deviceStatus),
-                      number(L"jobs", record.jobs),
+                      count(L"jobs", record.jobs),
                       text(L"model", printer.model),
                       text(L"serial number", printer.serialNumber),
                       text(L"firmware", printer.firmwareVersion),
@@ -97,6 +99,8 @@ constexpr std::array<Parameter, 5> kParameters{{
      putValue<&DevParam::silentMode>},
 }};
 
+bool isOnlyZero(const Parameter& parameter) { return parameter.word == kSuppliesAlarm; }  // the module sends no other
+
 const Parameter& parameterNamed(const std::wstring& word) {
   const auto* found = std::ranges::find(kParameters, word, &Parameter::word);
   if (found != kParameters.end()) return *found;
@@ -156,12 +160,26 @@ std::unique_ptr<Operation> newGet(const Request& request) {
       Type::GetDevParam, record, [asked](const DevParam& read, const qzstd::PrinterInfo&) { return getReport(asked, read); });
 }
 
+std::vector<OperandHelp> helpOfSet() {
+  std::vector<OperandHelp> help;
+  for (const auto& parameter : kParameters) {
+    if (isOnlyZero(parameter)) {
+      help.push_back({parameter.word, L"takes no value; is set to 0"});
+    } else {
+      const auto range = rangeText(parameter.least, parameter.most);
+      help.push_back({std::wstring(parameter.word) + L" VALUE", {range.begin(), range.end()}});
+    }
+  }
+  return help;
+}
+
 std::unique_ptr<Operation> newSet(const Request& request) {
   const auto& parameter = parameterNamed(request.operands[0]);
-  const bool isOnlyZero = parameter.word == kSuppliesAlarm;  // the module sends no other
   const bool hasValue = request.operands.size() > 1;
-  if (isOnlyZero && hasValue) throw OptionsError("supplies-alarm takes no value: it can only be set to 0");
-  if (!isOnlyZero && !hasValue) throw OptionsError(plain(parameter.word) + " needs a value; --help shows how");
+  if (isOnlyZero(parameter) && hasValue) throw OptionsError("supplies-alarm takes no value: it can only be set to 0");
+  if (!isOnlyZero(parameter) && !hasValue) {
+    throw OptionsError(plain(parameter.word) + " needs a value; it takes " + rangeText(parameter.least, parameter.most));
+  }
   return newSetOf(parameter, hasValue ? parseNumber(parameter.word, request.operands[1], parameter.least, parameter.most) : 0);
 }
 

@@ -1,6 +1,8 @@
 #include "console/DiagnosticLog.h"
 
 #include <algorithm>
+#include <array>
+#include <string_view>
 #include <system_error>
 
 #include "console/Handle.h"
@@ -11,6 +13,7 @@ namespace {
 constexpr const wchar_t* kFolder = L"C:\\log";
 constexpr const wchar_t* kIniFile = L"C:\\log\\orva_config.ini";
 constexpr const wchar_t* kSection = L"Corvane";
+constexpr std::array kKinds{L"Error", L"Warning", L"Debug", L"Info"};
 constexpr DWORD kMostBytes = 64 * 1024;  // of the log's end: far more than the lines that are shown
 
 [[noreturn]] void fail(const char* what) {
@@ -58,6 +61,14 @@ void switchLogOn() {
   for (const auto* key : {L"Error", L"Debug"}) {
     if (::WritePrivateProfileStringW(kSection, key, L"1", kIniFile) == 0) fail("C:\\log\\orva_config.ini cannot be written");
   }
+}
+
+bool isLogOn() {
+  return std::ranges::any_of(kKinds, [](const wchar_t* kind) {
+    std::array<wchar_t, 3> value{};  // room to tell "1" from what is longer
+    ::GetPrivateProfileStringW(kSection, kind, nullptr, value.data(), static_cast<DWORD>(value.size()), kIniFile);
+    return std::wstring_view(value.data()) == L"1";
+  });
 }
 
 int runAgain(const std::vector<std::wstring>& arguments) {

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <chrono>
 #include <exception>
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -25,9 +24,13 @@ constexpr int kFailure = 1;
 constexpr std::size_t kLogLines = 8;
 
 void showLog(console::Terminal& terminal) {
+  if (!console::isLogOn()) {
+    terminal.writeLine(L"The diagnostic log is off; --log switches it on.");
+    return;
+  }
   const auto lines = console::lastLogLines(kLogLines);
   if (lines.empty()) {
-    terminal.writeLine(L"The diagnostic log is off; --log switches it on.");
+    terminal.writeLine(std::wstring(L"The diagnostic log is on, and ") + console::kLogFile + L" has no lines.");
     return;
   }
   terminal.writeLine(std::wstring(L"The diagnostic log is ") + console::kLogFile + L". Its last lines:");
@@ -35,28 +38,22 @@ void showLog(console::Terminal& terminal) {
 }
 
 void loadPrinters(const std::optional<std::wstring>& scenario) {
-  if (!scenario) {
-    simulator::loadScenario();
-    return;
-  }
-  try {
-    simulator::loadScenarioFile(*scenario);
-  } catch (const std::filesystem::filesystem_error&) {  // from the path itself, before there is a file
-    throw console::OptionsError("--scenario holds characters that are no text; it takes the path of a scenario file");
-  }
+  scenario ? simulator::loadScenarioFile(*scenario, "--scenario") : simulator::loadScenario();
 }
 
-std::wstring commandLine(const std::vector<std::wstring>& arguments) {
-  std::wstring line = L"printer-console";
-  for (const auto& argument : arguments) {
-    line += argument.find(L' ') == std::wstring::npos ? L' ' + argument : L" \"" + argument + L'"';
+// At once, and not at the step that names the printer.
+void requireDemoPrinters() {
+  const auto known = simulator::printerUids();
+  std::string missing;
+  for (const auto& uid : console::demoPrinters()) {
+    if (std::ranges::find(known, uid) == known.end()) missing += (missing.empty() ? "" : " and ") + console::plain(uid);
   }
-  return line;
+  if (!missing.empty()) throw console::OptionsError("the demo needs printers that the scenario lacks: " + missing);
 }
 
 console::Outcome runStep(console::Terminal& terminal, const console::DemoStep& step, std::chrono::seconds limit) {
   terminal.writeLine(L"");
-  terminal.writeLine(L"> " + commandLine(step.arguments));
+  terminal.writeLine(L"> " + console::shownCommand(step.arguments));
   auto options = console::parseOptions(step.arguments);
   options.limit = std::min(options.limit, limit);
   if (console::isOperation(*options.command)) return console::operate(terminal, options);
@@ -67,6 +64,7 @@ console::Outcome runStep(console::Terminal& terminal, const console::DemoStep& s
 // One process for all steps: what one of them sets the next ones find.
 int demonstrate(console::Terminal& terminal, std::chrono::seconds limit) {
   using Clock = std::chrono::steady_clock;
+  requireDemoPrinters();
   const auto deadline = Clock::now() + limit;
   std::size_t asMeant = 0;
   for (const auto& step : console::demoSteps()) {
@@ -85,9 +83,9 @@ int demonstrate(console::Terminal& terminal, std::chrono::seconds limit) {
 int runCommand(console::Terminal& terminal, const console::Options& options) {
   if (options.command == &console::demoCommand()) return demonstrate(terminal, options.limit);
   if (console::isOperation(*options.command)) return console::exitCode(console::operate(terminal, options));
-  console::pollPrinters(terminal, options.limit);
+  const bool interrupted = console::pollPrinters(terminal, options.limit);
   showLog(terminal);
-  return 0;
+  return interrupted ? console::exitCode(console::Outcome::Interrupted) : 0;
 }
 
 // The module reads its log's switches when it is loaded, hence a second process.
@@ -102,7 +100,7 @@ int run(const std::vector<std::wstring>& arguments) {
   const auto options = console::parseOptions(arguments);
   console::Terminal terminal;
   if (options.help) {
-    terminal.writeLine(console::helpText(*options.command));
+    terminal.writeLine(*options.help);
     return 0;
   }
   if (options.log) return runWithLog(terminal, options);

@@ -8,7 +8,6 @@ using AppComm::Maintain;
 using AppComm::QRCode;
 using AppComm::SetAdjust;
 using AppComm::Type;
-using AppPrinterSdk::PushScanPara;
 
 template <class Record>
 Report reportResult(const Record& record, const qzstd::PrinterInfo& /*printer*/) {
@@ -21,21 +20,6 @@ std::unique_ptr<Operation> newMaintain(Type type) {
 
 Report imageReport(const QRCode& record, const qzstd::PrinterInfo& /*printer*/) {
   return record.printFailed == 0 ? Report{} : failure(L"the image was sent and not printed");
-}
-
-Report pushScanReport(const PushScanPara& record, const qzstd::PrinterInfo& /*printer*/) {
-  return {.results = {number(L"resolution", record.resolution), number(L"color mode", record.colorMode),
-                      number(L"file format", record.fileFormat), number(L"paper size", record.paperSize)}};
-}
-
-/// One that notes in the state record whether it succeeded, and tells no window.
-std::unique_ptr<Operation> newRegistration(Type type, bool AppComm::State::*registered) {
-  return std::make_unique<RecordOperation<AppComm::State>>(
-      type, AppComm::State{},
-      [registered](const AppComm::State& record, const qzstd::PrinterInfo&) {
-        return record.*registered ? Report{} : failure(L"the registration did not succeed");
-      },
-      Operation::Notifies::Not);
 }
 
 }  // namespace
@@ -55,19 +39,6 @@ std::unique_ptr<Operation> newAlignValues(const Request& request) {
 
 std::unique_ptr<Operation> newQr(const Request& request) {
   return std::make_unique<ChangeOperation<QRCode>>(Type::PrintQRcode, QRCode{.image = request.operands[0]}, imageReport);
-}
-
-std::unique_ptr<Operation> newFirmwareRegister(const Request& /*request*/) {
-  return newRegistration(Type::RegUpgrade, &AppComm::State::upgradeRegistered);
-}
-
-std::unique_ptr<Operation> newPushscanRegister(const Request& /*request*/) {
-  return newRegistration(Type::RegPushscan, &AppComm::State::pushScanRegistered);
-}
-
-std::unique_ptr<Operation> newPushscanGet(const Request& /*request*/) {
-  return std::make_unique<RecordOperation<PushScanPara>>(Type::GetPushscan, PushScanPara{}, pushScanReport,
-                                                         Operation::Notifies::OnSuccess);
 }
 
 }  // namespace console

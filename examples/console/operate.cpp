@@ -18,7 +18,7 @@ constexpr const wchar_t* kPassword = L"--password";
 constexpr const wchar_t* kPasswordFromInput = L"--password-stdin";
 constexpr const wchar_t* kPasswordVariable = L"PRINTER_WIFI_PASSWORD";
 
-// A description of its own for each operation: no two tasks share one.
+// One for each command; what has to be run first, to know the printer's state, shares it.
 std::shared_ptr<qzstd::PrinterInfo> newPrinter(const std::optional<std::wstring>& uid) {
   std::string known;
   for (const auto& each : simulator::printerUids()) {
@@ -39,7 +39,12 @@ std::wstring variable(const wchar_t* name) {
 Request withPassword(const Options& options) {
   auto request = options.request;
   if (findOption(kPassword, options.command) == nullptr || request.has(kPassword)) return request;
-  request.options[kPassword] = request.has(kPasswordFromInput) ? readLine() : variable(kPasswordVariable);
+  const bool fromInput = request.options.erase(kPasswordFromInput) > 0;
+  const auto password = fromInput ? readLine() : variable(kPasswordVariable);
+  if (fromInput && password.empty()) {
+    throw OptionsError("--password-stdin found no password; it takes the first line of the standard input");
+  }
+  request.options[kPassword] = password;
   return request;
 }
 
@@ -48,12 +53,12 @@ class ProgressShower {
  public:
   ProgressShower(Terminal& terminal, const Options& options) : m_terminal(terminal), m_options(options) {}
 
-  void show(const Stage& stage, milliseconds elapsed) {
-    if (m_options.json || (!stage.percent && elapsed < kShortWait)) return;
+  void show(Percent percent, milliseconds elapsed) {
+    if (m_options.json || (!percent && elapsed < kShortWait)) return;
     if (m_terminal.interactive()) {
-      m_terminal.rewriteLines({renderBar(m_options.command->words, stage, elapsed, m_terminal.width())});
+      m_terminal.rewriteLines({renderBar(m_options.command->words, percent, elapsed, m_terminal.width())});
     } else if (elapsed - m_last >= kShortWait) {
-      m_terminal.writeLine(renderProgress(m_options.command->words, stage, elapsed));
+      m_terminal.writeLine(renderProgress(m_options.command->words, percent, elapsed));
       m_last = elapsed;
     }
   }
@@ -79,7 +84,7 @@ Outcome operate(Terminal& terminal, const Options& options) {
   const auto uid = printer->uid;
   auto operation = options.command->newOperation(withPassword(options));
   ProgressShower progress(terminal, options);
-  Runner runner(terminal, [&progress](const Stage& stage, milliseconds elapsed) { progress.show(stage, elapsed); });
+  Runner runner(terminal, [&progress](Percent percent, milliseconds elapsed) { progress.show(percent, elapsed); });
   const auto report = runner.run(std::move(operation), printer, options.limit);
   showReport(terminal, options, uid, report);
   return report.outcome;

@@ -23,12 +23,19 @@ struct Parts {
 
 // Numbers below zero are no options.
 bool looksLikeAnOption(const std::wstring& argument) {
-  return argument.empty() || (argument[0] == L'-' && !(argument.size() > 1 && argument[1] >= L'0' && argument[1] <= L'9'));
+  return argument.starts_with(L'-') && !(argument.size() > 1 && argument[1] >= L'0' && argument[1] <= L'9');
 }
 
-[[noreturn]] void throwUnknown(const std::wstring& option, const std::vector<std::wstring>& words) {
-  const auto& command = findCommand(words).command;
-  throw OptionsError("unknown option \"" + plain(option) + "\"; known are " + optionList(command));
+// What stands behind "=" may be a password, and is not repeated.
+[[noreturn]] void throwUnknown(const std::wstring& argument, const std::vector<std::wstring>& words) {
+  const auto equals = argument.find(L'=');
+  const auto name = argument.substr(0, equals);
+  if (const auto* option = findOption(name, nullptr)) {
+    if (option->value == nullptr) throw OptionsError(plain(name) + " takes no value");
+    throw OptionsError(plain(name) + " takes its value behind a blank: " + plain(name) + ' ' + plain(option->value));
+  }
+  const auto shown = plain(name) + (equals == std::wstring::npos ? "" : "=...");
+  throw OptionsError("unknown option \"" + shown + "\"; known are " + optionList(findCommand(words).command));
 }
 
 // The option at `argument`, which is left on its last word.
@@ -77,8 +84,6 @@ void take(const Given& given, Options& options) {
     options.json = true;
   } else if (given.name == L"--log") {
     options.log = true;
-  } else if (given.name == L"--help") {
-    options.help = true;
   } else {
     options.request.options[given.name] = given.value;
   }
@@ -93,16 +98,22 @@ void checkOperands(const Command& command, const std::vector<std::wstring>& oper
   if (std::ranges::any_of(operands, &std::wstring::empty)) throw OptionsError("an operand is empty; --help shows how");
 }
 
+std::wstring helpOf(const std::vector<std::wstring>& words) {
+  if (words.empty()) return helpText();
+  const auto group = words.size() == 1 ? groupHelpText(words[0]) : std::wstring();
+  return group.empty() ? helpText(findCommand(words).command) : group;
+}
+
 }  // namespace
 
 Options parseOptions(const std::vector<std::wstring>& arguments) {
   auto parts = takeApart(arguments);
+  if (std::ranges::find(parts.options, L"--help", &Given::name) != parts.options.end()) return {.help = helpOf(parts.words)};
   const auto found = findCommand(parts.words);
   Options options{.command = &found.command};
   options.withoutLog = std::move(parts.withoutLog);
   options.request.operands.assign(parts.words.begin() + static_cast<std::ptrdiff_t>(found.words), parts.words.end());
   for (const auto& given : parts.options) take(given, options);
-  if (options.help) return options;
   checkOperands(found.command, options.request.operands);
   if (isOperation(found.command)) found.command.newOperation(options.request);
   return options;

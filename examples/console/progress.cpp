@@ -15,22 +15,21 @@ std::wstring bar(std::int32_t percent, std::size_t length) {
   return L"[" + std::wstring(full, L'#') + std::wstring(length - full, L'.') + L"] ";
 }
 
-std::wstring known(const Stage& stage, std::chrono::milliseconds elapsed) {
-  if (!stage.percent) return secondsText(elapsed) + L", notices " + std::to_wstring(stage.notices);
-  return std::to_wstring(*stage.percent) + L" %, " + secondsText(elapsed);
+std::wstring known(Percent percent, std::chrono::milliseconds elapsed) {
+  return (percent ? std::to_wstring(*percent) + L" %, " : L"") + secondsText(elapsed);
 }
 
 }  // namespace
 
-std::wstring renderProgress(const std::wstring& command, const Stage& stage, std::chrono::milliseconds elapsed) {
-  return command + L"  " + known(stage, elapsed);
+std::wstring renderProgress(const std::wstring& command, Percent percent, std::chrono::milliseconds elapsed) {
+  return command + L"  " + known(percent, elapsed);
 }
 
-std::wstring renderBar(const std::wstring& command, const Stage& stage, std::chrono::milliseconds elapsed, std::size_t width) {
-  const auto line = renderProgress(command, stage, elapsed);
+std::wstring renderBar(const std::wstring& command, Percent percent, std::chrono::milliseconds elapsed, std::size_t width) {
+  const auto line = renderProgress(command, percent, elapsed);
   const auto taken = line.size() + 3;  // the bar's brackets and the blank behind it
-  if (!stage.percent || width < taken + kShortestBar) return cut(line, width);
-  return command + L"  " + bar(*stage.percent, std::min(width - taken, kBar)) + known(stage, elapsed);
+  if (!percent || width < taken + kShortestBar) return cut(line, width);
+  return command + L"  " + bar(*percent, std::min(width - taken, kBar)) + known(percent, elapsed);
 }
 
 }  // namespace console

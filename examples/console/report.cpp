@@ -72,6 +72,10 @@ std::wstring lineOf(std::wstring start, const Value& value) {
 
 // A list of records takes a line for each.
 void appendLines(std::vector<std::wstring>& lines, const Field& field) {
+  if (!field.words.empty()) {
+    lines.push_back(shown(field.name + L": " + field.words, kMostTextInLine));
+    return;
+  }
   const auto* values = std::get_if<Values>(&field.value.value);
   if (values == nullptr || values->empty() || !std::holds_alternative<Fields>(values->front().value)) {
     lines.push_back(lineOf(field.name + L": ", field.value));
@@ -87,6 +91,12 @@ Value integer(std::int64_t value) { return {value}; }
 Field text(std::wstring name, std::wstring value) { return {std::move(name), {std::move(value)}}; }
 Field number(std::wstring name, std::int64_t value) { return {std::move(name), {value}}; }
 Field yesOrNo(std::wstring name, bool value) { return {std::move(name), {value}}; }
+
+Field count(std::wstring name, std::int32_t value) {
+  auto field = number(std::move(name), value);
+  if (value < 0) field.words = kUnreadCount;
+  return field;
+}
 
 int exitCode(Outcome outcome) { return rowOf(outcome).exitCode; }
 

@@ -42,7 +42,7 @@ class OperationWindow : public AppWnd::CWnd {
   // On a thread of the module: here, and only here, record and printer may be read. What leaves is a copy.
   bool Notice(long /*code*/) const override {
     const bool more = m_lease->operation->noticed();
-    m_lease->mailbox->put(m_lease->operation->report(*m_lease->printer));
+    m_lease->mailbox->put(m_lease->operation->report(*m_lease->printer), !more);
     return more;
   }
 
@@ -54,9 +54,10 @@ Report endedBefore(Outcome outcome, const Mailbox::State& state) {
   Report report;
   if (state.last) report.results = state.last->results;
   report.outcome = outcome;
-  if (outcome == Outcome::TimedOut) {
-    report.reason = state.closed ? L"it was not over in time and was broken off"
-                                 : L"the printer does not answer; its task ends with the process";
+  if (!state.closed) {  // nothing wakes a worker that waits for its printer's next turn
+    report.reason = L"a library call has not come back, or the printer's next turn is far; the task ends with the process";
+  } else if (outcome == Outcome::TimedOut) {
+    report.reason = L"it was not over in time and was broken off";
   }
   return report;
 }
@@ -99,11 +100,10 @@ class Runner::Task {
 std::optional<Outcome> Runner::waitForEnd(const Task& task, Clock::time_point start, Clock::time_point deadline) {
   for (;;) {
     const auto state = task.mailbox().state();
-    if (state.closed) return std::nullopt;
+    if (state.isFinal) return std::nullopt;  // a repeating task is released in its printer's next cycle, which may be far
     const auto now = Clock::now();
     if (now >= deadline) return Outcome::TimedOut;
-    m_showProgress({state.last ? state.last->percent : std::nullopt, state.notices},
-                   std::chrono::duration_cast<milliseconds>(now - start));
+    m_showProgress(state.last ? state.last->percent : std::nullopt, std::chrono::duration_cast<milliseconds>(now - start));
     const auto wait = std::min(kRefresh, std::chrono::ceil<milliseconds>(deadline - now));
     if (m_terminal.waitForInterrupt(wait, task.mailbox().changed())) return Outcome::Interrupted;
   }
@@ -132,7 +132,7 @@ Report Runner::runBy(std::unique_ptr<Operation> operation, const std::shared_ptr
     waitForRelease(task);
   }
   const auto state = task.mailbox().state();
-  return state.closed && (!cutShort || isUsualEnd) ? *state.last : endedBefore(*cutShort, state);
+  return state.isFinal && (!cutShort || isUsualEnd) ? *state.last : endedBefore(*cutShort, state);
 }
 
 Report Runner::run(std::unique_ptr<Operation> operation, const std::shared_ptr<qzstd::PrinterInfo>& printer,

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 
+#include "console/Report.h"
 #include "console/Text.h"
 
 namespace console {
@@ -23,6 +24,7 @@ constexpr std::array<Column, 6> kColumns{{
     {L"LAST NOTICE", 11},
 }};
 constexpr const wchar_t* kSuppliesHeading = L"SUPPLIES";
+constexpr const wchar_t* kUnreadJobs = L"error";  // all that the column has room for
 constexpr std::size_t kSuppliesInLine = 60;
 constexpr std::size_t kNameInSummary = 60;
 
@@ -37,6 +39,8 @@ std::wstring statusText(const Row& row) {
   if (row.last->deviceStatus == 0) return L"ready";
   return L"status " + std::to_wstring(row.last->deviceStatus);
 }
+
+std::wstring jobsText(std::int32_t jobs) { return jobs < 0 ? kUnreadJobs : std::to_wstring(jobs); }
 
 std::wstring queriedText(const AppComm::State& state) {
   if (!state.queried) return L"no";
@@ -61,7 +65,7 @@ Cells cells(const Row& row) {
   return {row.name,
           connectionText(row.connectionKind),
           statusText(row),
-          std::to_wstring(row.last->state.jobs),
+          jobsText(row.last->state.jobs),
           queriedText(row.last->state),
           secondsText(row.sinceLast)};
 }
@@ -99,7 +103,8 @@ std::vector<std::wstring> renderTable(const std::vector<Row>& rows, std::size_t 
 }
 
 std::wstring renderLine(const Row& row, std::chrono::milliseconds sinceStart) {
-  const auto values = cells(row);
+  auto values = cells(row);
+  if (row.last && row.last->state.jobs < 0) values[3] = kUnreadCount;
   return secondsText(sinceStart) + L"  " + printable(row.uid) + L"  " + values[1] + L", " + values[2] + L", jobs " + values[3] +
          L", queried " + values[4] + L", last notice " + values[5] + L", supplies " + suppliesText(row, kSuppliesInLine);
 }

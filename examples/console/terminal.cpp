@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "AppCommunication.h"  // brings in windows.h
+#include "console/Text.h"
 
 namespace console {
 namespace {
@@ -126,6 +127,8 @@ std::wstring readLine() {
   return fromUtf8(line);
 }
 
-void writeError(const std::string& line) { write(STD_ERROR_HANDLE, L"printer-console: " + fromUtf8(line) + L"\r\n"); }
+void writeError(const std::string& line) {
+  write(STD_ERROR_HANDLE, L"printer-console: " + printable(fromUtf8(line)) + L"\r\n");
+}
 
 }  // namespace console

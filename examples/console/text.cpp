@@ -9,13 +9,15 @@ struct Range {
 };
 
 // Controls, and what is invisible, turns the direction of the line or breaks it.
-constexpr std::array<Range, 6> kUnprintable{{
+constexpr std::array<Range, 8> kUnprintable{{
     {0x00, 0x1f},
     {0x7f, 0x9f},
+    {0x061c, 0x061c},
     {0x200b, 0x200f},
     {0x2028, 0x202e},
     {0x2060, 0x206f},
     {0xfeff, 0xfeff},
+    {0xfff9, 0xfffb},
 }};
 
 bool isFirstOfPair(wchar_t unit) { return unit >= 0xd800 && unit < 0xdc00; }

@@ -19,7 +19,18 @@ std::optional<std::int64_t> toNumber(const std::wstring& text) {
   return std::stoll(text);
 }
 
+// One spelling for each number.
+std::optional<std::uint8_t> toAddressPart(const std::wstring& text) {
+  const auto number = toNumber(text);
+  if (!number || *number < 0 || *number > 255 || text != std::to_wstring(*number)) return std::nullopt;
+  return static_cast<std::uint8_t>(*number);
+}
+
 }  // namespace
+
+std::string rangeText(std::int64_t least, std::int64_t most) {
+  return "a whole number from " + std::to_string(least) + " to " + std::to_string(most);
+}
 
 void throwMistake(const std::wstring& what, const std::wstring& text, const std::string& right) {
   throw OptionsError(plain(what) + " is \"" + plain(text) + "\"; it takes " + right);
@@ -27,9 +38,7 @@ void throwMistake(const std::wstring& what, const std::wstring& text, const std:
 
 std::int64_t parseNumber(const std::wstring& what, const std::wstring& text, std::int64_t least, std::int64_t most) {
   const auto number = toNumber(text);
-  if (!number || *number < least || *number > most) {
-    throwMistake(what, text, "a whole number from " + std::to_string(least) + " to " + std::to_string(most));
-  }
+  if (!number || *number < least || *number > most) throwMistake(what, text, rangeText(least, most));
   return *number;
 }
 
@@ -43,11 +52,9 @@ AppPrinterSdk::Ipv4Address parseAddress(const std::wstring& what, const std::wst
   std::size_t begin = 0;
   for (std::size_t i = 0; i < address.size(); ++i) {
     const auto end = i + 1 < address.size() ? text.find(L'.', begin) : text.size();
-    const auto part = end == std::wstring::npos ? std::nullopt : toNumber(text.substr(begin, end - begin));
-    if (!part || *part < 0 || *part > 255 || text[begin] == L'-') {
-      throwMistake(what, text, "four numbers from 0 to 255, as 192.0.2.10");
-    }
-    address[i] = static_cast<std::uint8_t>(*part);
+    const auto part = end == std::wstring::npos ? std::nullopt : toAddressPart(text.substr(begin, end - begin));
+    if (!part) throwMistake(what, text, "four numbers from 0 to 255, as 192.0.2.10");
+    address[i] = *part;
     begin = end + 1;
   }
   return address;

@@ -35,7 +35,10 @@ Report listReport(const WIFI& record, const qzstd::PrinterInfo& /*printer*/) {
   if (record.connected) {
     return {.outcome = Outcome::Refused, .reason = L"the printer is in a network already and was not asked for a list"};
   }
-  if (!record.succeeded) return failure(L"the printer found no network");
+  if (!record.succeeded) {
+    return failure(record.networks.empty() ? L"the printer found no network, or its list could not be read"
+                                           : L"the printer's list could not be read");
+  }
   Values networks;
   for (const auto& network : record.networks) networks.push_back({networkFields(network)});
   return {.results = {{L"networks", {std::move(networks)}}}};
@@ -62,6 +65,9 @@ std::unique_ptr<Operation> newWifiList(const Request& /*request*/) {
 
 std::unique_ptr<Operation> newWifiJoin(const Request& request) {
   WifiNetwork network;
+  if (request.has(L"--password") && request.has(L"--password-stdin")) {
+    throw OptionsError("--password and --password-stdin exclude each other; one of them tells the password");
+  }
   const auto password = request.option(L"--password").value_or(L"");
   put(network.name, L"NAME", request.operands[0]);
   put(network.password, L"the password", password);

@@ -50,6 +50,7 @@ TEST(CommandsTest, MistakesNameTheChoices) {
   EXPECT_EQ(mistakeOf({L"Get"}), unknown("Get"));
   EXPECT_EQ(mistakeOf({L"wifi list"}), unknown("wifi list"));
   EXPECT_EQ(mistakeOf({L"scenario\n.xml"}), unknown("scenario?.xml"));
+  EXPECT_EQ(mistakeOf({L"help"}), "unknown command \"help\"; --help tells of all commands, COMMAND --help of one");
   EXPECT_EQ(mistakeOf({L"align"}), "align is followed by nothing; it takes print and values");
   EXPECT_EQ(mistakeOf({L"firmware", L"update"}),
             "firmware is followed by \"update\"; it takes register, check, upgrade and watch");
@@ -87,6 +88,43 @@ TEST(CommandsTest, HelpOfOneCommandIsItsOwn) {
   EXPECT_TRUE(contains(help, L"PRINTER_WIFI_PASSWORD"));
   EXPECT_TRUE(contains(help, L"the limit is 60 seconds"));
   EXPECT_FALSE(contains(help, L"firmware"));
+}
+
+TEST(CommandsTest, HelpOfSetNamesEveryParameterWithItsLimits) {
+  const auto help = console::helpText(findCommand({L"set"}).command);
+  for (const auto* line : {L"  sleep-time VALUE                a whole number from -2147483648 to 2147483647\n",
+                           L"  supplies-alarm                  takes no value; is set to 0\n",
+                           L"  paper-alarm VALUE               a whole number from 0 to 255\n",
+                           L"  timed-clear VALUE               a whole number from 0 to 255\n",
+                           L"  silent-mode VALUE               a whole number from 0 to 255\n"}) {
+    EXPECT_TRUE(contains(help, line)) << testing::PrintToString(help);
+  }
+}
+
+TEST(CommandsTest, HelpOfThePollIsItsOwn) {
+  const auto help = console::helpText(console::pollCommand());
+  EXPECT_TRUE(contains(help, L"printer-console poll [OPTION...]\n"));
+  EXPECT_TRUE(contains(help, L"the limit is 12 seconds"));
+  EXPECT_FALSE(contains(help, L"firmware"));
+}
+
+TEST(CommandsTest, HelpOfAFirstWordNamesItsCommands) {
+  for (const auto* first : {L"align", L"network", L"firmware", L"pushscan", L"wifi"}) {
+    const auto help = console::groupHelpText(first);
+    for (const auto& command : console::allCommands()) {
+      EXPECT_EQ(contains(help, std::wstring(L"\n  ") + command.words + L' '),
+                std::wstring(command.words).starts_with(first + std::wstring(L" ")))
+          << testing::PrintToString(help);
+    }
+  }
+  EXPECT_EQ(console::groupHelpText(L"set"), L"");
+  EXPECT_EQ(console::groupHelpText(L"print"), L"");
+}
+
+TEST(CommandsTest, HelpTellsEveryExitCode) {
+  const auto help = console::helpText();
+  const auto codes = help.substr(help.find(L"Exit code: "));
+  for (const auto* code : {L": 0 ", L"; 1 ", L"; 2 ", L"; 130 after Ctrl-C."}) EXPECT_TRUE(contains(codes, code));
 }
 
 TEST(CommandsTest, NoTwoAreTheSame) {

@@ -35,7 +35,13 @@ const char* const kPrinters = R"(<scenario>
   <printer uid='restarting' manager-id='m7' connection='usb' interval='20' firmware='3.0'>
     <call function='AppPrinterSdk_GetState'><fail code='-1' from-call='3' calls='3'/></call>
   </printer>
-  <printer uid='lying' manager-id='m8' connection='usb' interval='20' push-scan='yes'>
+  <printer uid='rare' manager-id='m10' connection='usb' interval='60000'>
+    <upgrade-service starts='no'/>
+  </printer>
+  <printer uid='seldom' manager-id='m11' connection='usb' interval='60000'/>
+  <printer uid='lying' manager-id='m8' connection='usb' interval='20' push-scan='yes' ctrl-port='yes'>
+    <call function='AppMgr_GetPrintingJob'><garbage/></call>
+    <call function='AppPrinterSdk_UpgradeFwProgress'><garbage/></call>
     <call function='AppPrinterSdk_GetState'><garbage/></call>
     <call function='AppMgr_GetPrinterWifiResult'><garbage/></call>
     <call function='AppSdk_TriggerFwUpgradeResult'><garbage/></call>
@@ -67,6 +73,9 @@ const char* const kPrinters = R"(<scenario>
   </printer>
 </scenario>)";
 
+const char* const kNotLetGo =
+    "timed out: a library call has not come back, or the printer's next turn is far; the task ends with the process";
+
 struct Command {
   Arguments words;
   std::string result;    // among what it tells of success
@@ -95,12 +104,16 @@ const Command kCommands[] = {
     {{L"firmware", L"register"}, "", "the registration did not succeed"},
     {{L"firmware", L"check"},
      "new firmware: yes\r\nversion text 1: 1.0\r\nversion text 2: 2.0\r\n",
-     "the upgrade service did not answer"},
-    {{L"firmware", L"upgrade", L"new.bin"}, "percent: 85\r\n", "the transfer broke off"},
+     "the check did not start: the upgrade service refused it, or did not answer"},
+    {{L"firmware", L"upgrade", L"new.bin"}, "percent: 85\r\n", "the transfer could not be started, or broke off at once"},
     {{L"firmware", L"watch", L"--seconds", L"2"}, "was away: no\r\nanswers: yes\r\n", "the printer does not answer"},
     {{L"pushscan", L"register"}, "", "the registration did not succeed"},
-    {{L"pushscan", L"get"}, "resolution: 300\r\ncolor mode: 2\r\n", "the printer did not answer it"},
-    {{L"wifi", L"list"}, "networks:\r\n  name Office, security wpa2, signal 80\r\n", "the printer found no network"},
+    {{L"pushscan", L"get"},
+     "resolution: 300\r\ncolor mode: 2\r\n",
+     "it did not succeed: the printer did not answer, or does not support it"},
+    {{L"wifi", L"list"},
+     "networks:\r\n  name Office, security wpa2, signal 80\r\n",
+     "the printer found no network, or its list could not be read"},
     {{L"wifi", L"join", L"Office", L"--password", L"open sesame"},
      "network: Office\r\n",
      "the printer did not join; are name and password right?"},
@@ -192,7 +205,7 @@ TEST_F(CommandsTest, PrinterThatHangsIsGivenUpAtTheLimit) {
   for (const auto& words : {Arguments{L"state"}, Arguments{L"set", L"sleep-time", L"15"}, Arguments{L"firmware", L"watch"}}) {
     auto limited = words;
     limited.insert(limited.end(), {L"--seconds", L"1"});
-    expectEnd(L"hanging", limited, "timed out: the printer does not answer; its task ends with the process", 1);
+    expectEnd(L"hanging", limited, kNotLetGo, 1);
   }
 }
 
@@ -205,12 +218,33 @@ TEST_F(CommandsTest, OperationThatTakesTooLongIsBrokenOff) {
   }
 }
 
+TEST_F(CommandsTest, LastNoticeIsTheEndHoweverLongThePrintersInterval) {
+  expectEnd(L"rare", {L"firmware", L"check", L"--seconds", L"20"},
+            "failed: the check did not start: the upgrade service refused it, or did not answer", 1);
+}
+
+TEST_F(CommandsTest, TaskThatWaitsForAFarTurnIsLeftToTheEndOfTheProcess) {
+  expectEnd(L"seldom", {L"firmware", L"check", L"--seconds", L"1"}, kNotLetGo, 1);
+}
+
+TEST_F(CommandsTest, TransferThatSentNothingIsNotDone) {
+  expectEnd(L"lying", {L"firmware", L"upgrade", L"new.bin"}, "failed: the transfer is said to be over, but not to be complete",
+            1, "percent: 0\r\n");
+}
+
+TEST_F(CommandsTest, JobsThatCouldNotBeReadAreWords) {
+  const auto text = runOn(L"lying", {L"state"}).output;
+  EXPECT_TRUE(contains(text, "jobs: could not be read\r\n")) << text;
+  const auto json = runOn(L"lying", {L"state"}, {L"--json"}).output;
+  EXPECT_TRUE(contains(json, "\"jobs\":-2147483648,")) << json.substr(0, 2000);
+}
+
 TEST_F(CommandsTest, ProgressIsAtMostALinePerSecond) {
   const auto upgrade = runOn(L"slow", {L"firmware", L"upgrade", L"new.bin"}, {L"--seconds", L"3"}).output;
   EXPECT_TRUE(contains(upgrade, "firmware upgrade  ") && contains(upgrade, " %, ")) << upgrade;
   EXPECT_LE(std::ranges::count(upgrade, '%'), 3) << upgrade;
   const auto list = runOn(L"slow", {L"wifi", L"list"}, {L"--seconds", L"3"}).output;
-  EXPECT_TRUE(contains(list, "wifi list  ") && contains(list, ", notices ")) << list;
+  EXPECT_TRUE(contains(list, "wifi list  ") && contains(list, " s\r\n")) << list;
 }
 
 TEST_F(CommandsTest, WatchEndsWhenThePrinterIsBack) {
@@ -234,8 +268,14 @@ TEST_F(CommandsTest, PasswordComesFromTheEnvironmentUnlessItIsNamed) {
   expectEnd(L"ready", {L"wifi", L"join", L"Office"}, "failed: the printer did not join; are name and password right?", 1);
 }
 
+TEST_F(CommandsTest, PasswordThatDoesNotComeIsAMistake) {
+  expectMistake({L"wifi", L"join", L"Office", L"--password-stdin", L"--printer", L"ready", L"--scenario", m_file},
+                "--password-stdin found no password; it takes the first line of the standard input");
+}
+
 TEST_F(CommandsTest, MistakesAreToldInOneLine) {
-  const std::string known = "the scenario has ready, printing, waiting, closed, hanging, slow, restarting, lying, broken";
+  const std::string known =
+      "the scenario has ready, printing, waiting, closed, hanging, slow, restarting, rare, seldom, lying, broken";
   expectMistake({L"state", L"--scenario", m_file}, "--printer UID is missing; " + known);
   expectMistake({L"state", L"--printer", L"nobody", L"--scenario", m_file}, "there is no printer \"nobody\"; " + known);
   expectMistake({L"set", L"sleep-time", L"soon", L"--printer", L"ready"},

@@ -26,14 +26,13 @@ TEST_F(ConsoleTest, MistakesInTheCommandLineAreTold) {
 }
 
 TEST_F(ConsoleTest, MissingScenarioIsTold) {
-  expectMistake(
-      {L"--scenario", L"C:\\console-test\\none.xml"},
-      "C:\\console-test\\none.xml: there is no such file; right is the path of a scenario file, as in PRINTER_SCENARIO");
+  expectMistake({L"--scenario", L"C:\\console-test\\none.xml"},
+                "C:\\console-test\\none.xml: there is no such file; --scenario takes the path of a scenario file");
 }
 
 TEST_F(ConsoleTest, FolderInPlaceOfAScenarioIsTold) {
   expectMistake({L"--scenario", L"C:\\console-test"},
-                "C:\\console-test: is a folder; right is the path of a scenario file, as in PRINTER_SCENARIO");
+                "C:\\console-test: is a folder; --scenario takes the path of a scenario file");
 }
 
 TEST_F(ConsoleTest, BrokenScenarioIsToldWithItsLine) {
@@ -47,6 +46,14 @@ TEST_F(ConsoleTest, BrokenScenarioIsToldWithItsLine) {
   EXPECT_EQ(std::ranges::count(ended.errors, '\n'), 1);
 }
 
+TEST_F(ConsoleTest, ErrorSteersNoTerminalAndKeepsItsCharacters) {
+  const auto file = scenario(L"steering.xml",
+                             "<scenario><printer uid='p' manager-id='m' connection='\u5370\u00e9\u202e\u009b2J'/></scenario>");
+  const auto ended = run({L"--scenario", file});
+  EXPECT_EQ(ended.code, 2U);
+  EXPECT_TRUE(contains(ended.errors, "'\u5370\u00e9??2J'")) << ended.errors;
+}
+
 TEST_F(ConsoleTest, ScenarioIsFoundUnderAnyName) {
   const auto file =
       scenario(L"\u5370\u5237 \u00e9 \u0416.xml", "<scenario><printer uid='p' manager-id='m' connection='usb'/></scenario>");
@@ -57,12 +64,17 @@ TEST_F(ConsoleTest, ScenarioIsFoundUnderAnyName) {
 
 TEST_F(ConsoleTest, MistakeInAScenarioOfAnyNameIsTold) {
   expectMistake({L"--scenario", L"C:\\\u5370 \u00e9.xml"},
-                "C:\\\u5370 \u00e9.xml: there is no such file; right is the path of a scenario file, as in PRINTER_SCENARIO");
+                "C:\\\u5370 \u00e9.xml: there is no such file; --scenario takes the path of a scenario file");
 }
 
-TEST_F(ConsoleTest, ScenarioThatIsNoTextIsToldWithoutIt) {
+TEST_F(ConsoleTest, EmptyScenarioIsTold) {
+  expectMistake({L"--scenario", scenario(L"empty.xml", "\n")},
+                "C:\\console-test\\empty.xml:1: the file is empty; right is <scenario>");
+}
+
+TEST_F(ConsoleTest, NameThatIsNoTextIsToldWithReplacements) {
   expectMistake({L"--scenario", std::wstring(L"C:\\") + wchar_t{0xd800} + L".xml"},
-                "--scenario holds characters that are no text; it takes the path of a scenario file");
+                "C:\\\ufffd.xml: there is no such file; --scenario takes the path of a scenario file");
 }
 
 TEST_F(ConsoleTest, PollShowsEveryPrinterAndEndsWithASummary) {
@@ -83,6 +95,21 @@ TEST_F(ConsoleTest, LogIsMadeAndItsLastLinesShown) {
   EXPECT_TRUE(contains(ended.output, "The diagnostic log is C:\\log\\Corvane.log. Its last lines:\r\n")) << ended.output;
   EXPECT_TRUE(contains(ended.output, "[DBG] [Stop] [162] comm stop leave.")) << ended.output;
   EXPECT_GT(std::filesystem::file_size(L"C:\\log\\Corvane.log"), 0U);
+}
+
+TEST_F(ConsoleTest, LogOfAnEarlierRunDoesNotMeanThatTheLogIsOn) {
+  std::filesystem::create_directories(L"C:\\log");
+  std::ofstream(std::filesystem::path(L"C:\\log\\Corvane.log"), std::ios::binary) << std::string("o\0l\0d\0\r\0\n\0", 10);
+  const auto ended = run({L"--seconds", L"1"});
+  EXPECT_TRUE(ended.output.ends_with("\r\nThe diagnostic log is off; --log switches it on.\r\n")) << ended.output;
+}
+
+TEST_F(ConsoleTest, EmptyLogDoesNotMeanThatTheLogIsOff) {
+  std::filesystem::create_directories(L"C:\\log");
+  std::ofstream(std::filesystem::path(L"C:\\log\\orva_config.ini")) << "[Corvane]\nWarning=1\n";  // the module never warns
+  const auto ended = run({L"--seconds", L"1"});
+  EXPECT_TRUE(ended.output.ends_with("\r\nThe diagnostic log is on, and C:\\log\\Corvane.log has no lines.\r\n"))
+      << ended.output;
 }
 
 TEST_F(ConsoleTest, MistakeIsToldBeforeTheLogIsSwitchedOn) {
@@ -116,12 +143,19 @@ TEST_F(ConsoleTest, DemoGoesAsMeant) {
   EXPECT_EQ(ended.code, 0U) << ended.output;
   EXPECT_TRUE(ended.output.ends_with(" steps went as meant.\r\n")) << ended.output;
   EXPECT_TRUE(contains(ended.output, "\r\n> printer-console set sleep-time 15 --printer usb-lab\r\n"));
+  EXPECT_TRUE(contains(ended.output, " --password *** ")) << ended.output;
+  EXPECT_FALSE(contains(ended.output, "not so secret")) << ended.output;
 }
 
 TEST_F(ConsoleTest, DemoThatIsCutShortHasFailed) {
   const auto ended = run({L"demo", L"--seconds", L"1"});
   EXPECT_EQ(ended.code, 1U);
   EXPECT_TRUE(contains(ended.output, " steps went as meant.\r\n")) << ended.output;
+}
+
+TEST_F(ConsoleTest, DemoRefusesAScenarioWithoutItsPrinters) {
+  const auto file = scenario(L"one.xml", "<scenario><printer uid='usb-lab' manager-id='m' connection='usb'/></scenario>");
+  expectMistake({L"demo", L"--scenario", file}, "the demo needs printers that the scenario lacks: net-hall");
 }
 
 TEST_F(ConsoleTest, DemoTellsWhenAStepDidNotGoAsMeant) {

@@ -29,4 +29,13 @@ TEST(DemoTest, BeginsWithAShortPoll) {
   EXPECT_LE(options.limit, std::chrono::seconds(5));
 }
 
+TEST(DemoTest, PasswordIsNotShown) {
+  EXPECT_EQ(console::shownCommand({L"wifi", L"join", L"My Office", L"--password", L"not so secret", L"--json"}),
+            L"printer-console wifi join \"My Office\" --password *** --json");
+}
+
+TEST(DemoTest, PrintersAreThoseOfItsSteps) {
+  EXPECT_EQ(console::demoPrinters(), (std::vector<std::wstring>{L"usb-lab", L"net-hall"}));
+}
+
 }  // namespace

@@ -34,7 +34,11 @@ TEST(StateOperationTest, UnreadStateIsAFailure) {
   OperationRun<State> run({L"state"});
   run.record->jobs = 1;
   EXPECT_EQ(linesOf(run.afterNotice()),
-            (Lines{L"jobs: 1", L"c, p: failed: the printer was not asked: it prints, and has no control port"}));
+            (Lines{L"jobs: 1", L"c, p: failed: the printer was not asked: it prints, and it has no control port"}));
+  run.record->jobs = -3;
+  EXPECT_EQ(linesOf(run.afterNotice()),
+            (Lines{L"jobs: could not be read",
+                   L"c, p: failed: the printer was not asked: its jobs could not be counted, and it has no control port"}));
   run.record->queried = true;
   run.record->result = -7;
   EXPECT_EQ(linesOf(run.afterNotice()), (Lines{L"c, p: failed: the printer library answered -7"}));

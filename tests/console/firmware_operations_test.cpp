@@ -7,11 +7,21 @@
 namespace {
 
 using AppComm::FirmUp;
+using AppComm::State;
 using AppComm::Type;
 using console::Outcome;
 using consoletest::linesOf;
 using consoletest::OperationRun;
 using Lines = std::vector<std::wstring>;
+
+TEST(FirmwareRegisterTest, RegistrationTellsItsOwnFlagWithoutANotice) {
+  const OperationRun<State> run({L"firmware", L"register"});
+  EXPECT_EQ(run.operation->type(), Type::RegUpgrade);
+  run.record->pushScanRegistered = true;
+  EXPECT_EQ(linesOf(run.operation->report(run.printer)), (Lines{L"c, p: failed: the registration did not succeed"}));
+  run.record->upgradeRegistered = true;
+  EXPECT_EQ(run.operation->report(run.printer).outcome, Outcome::Succeeded);
+}
 
 TEST(FirmwareCheckTest, GoesOnUntilItIsDone) {
   const OperationRun<FirmUp> run({L"firmware", L"check"});
@@ -29,13 +39,24 @@ TEST(FirmwareCheckTest, GoesOnUntilItIsDone) {
             (Lines{L"new firmware: yes", L"version text 1: 1.0", L"version text 2: 2.0", L"c, p: done"}));
 }
 
-TEST(FirmwareCheckTest, FailedStepIsTheLast) {
+TEST(FirmwareCheckTest, FailedStartIsTheLastStep) {
   const OperationRun<FirmUp> run({L"firmware", L"check"});
   EXPECT_FALSE(run.operation->noticed());
-  EXPECT_EQ(run.operation->report(run.printer).outcome, Outcome::Failed);
+  EXPECT_EQ(linesOf(run.operation->report(run.printer)),
+            (Lines{L"c, p: failed: the check did not start: the upgrade service refused it, or did not answer"}));
+}
+
+TEST(FirmwareCheckTest, FailedStepIsTheLast) {
+  const OperationRun<FirmUp> run({L"firmware", L"check"});
+  run.record->ok = true;
+  EXPECT_TRUE(run.operation->noticed());
+  EXPECT_EQ(linesOf(run.operation->report(run.printer)), (Lines{L"c, p: failed: the check was not finished"}));
+  run.record->ok = false;
+  EXPECT_FALSE(run.operation->noticed());
+  EXPECT_EQ(linesOf(run.operation->report(run.printer)), (Lines{L"c, p: failed: the check broke off"}));
   run.record->done = true;
   EXPECT_FALSE(run.operation->noticed());
-  EXPECT_EQ(run.operation->report(run.printer).outcome, Outcome::Failed);
+  EXPECT_EQ(linesOf(run.operation->report(run.printer)), (Lines{L"c, p: failed: the check ended without a result"}));
 }
 
 TEST(FirmwareUpgradeTest, TellsHowFarItIs) {
@@ -51,10 +72,35 @@ TEST(FirmwareUpgradeTest, TellsHowFarItIs) {
   EXPECT_EQ(linesOf(run.afterNotice()), (Lines{L"percent: 85", L"c, p: done"}));
 }
 
-TEST(FirmwareUpgradeTest, BrokenTransferIsAFailure) {
+TEST(FirmwareUpgradeTest, TransferWithoutAnyProgressMayNotHaveStarted) {
   const OperationRun<FirmUp> run({L"firmware", L"upgrade", L"f"});
   run.record->done = true;
+  EXPECT_EQ(linesOf(run.afterNotice()),
+            (Lines{L"percent: 0", L"c, p: failed: the transfer could not be started, or broke off at once"}));
+}
+
+TEST(FirmwareUpgradeTest, EndBelowACompleteTransferIsNoSuccess) {
+  const OperationRun<FirmUp> run({L"firmware", L"upgrade", L"f"});
+  run.record->done = true;
+  run.record->ok = true;
+  for (const auto percent : {0, 42, 83}) {
+    run.record->percent = percent;
+    EXPECT_EQ(linesOf(run.afterNotice()), (Lines{L"percent: " + std::to_wstring(percent),
+                                                 L"c, p: failed: the transfer is said to be over, but not to be complete"}));
+  }
+  for (const auto percent : {84, 85, 100}) {
+    run.record->percent = percent;
+    EXPECT_EQ(run.afterNotice().outcome, Outcome::Succeeded);
+  }
+}
+
+TEST(FirmwareUpgradeTest, BrokenTransferIsAFailure) {
+  const OperationRun<FirmUp> run({L"firmware", L"upgrade", L"f"});
+  run.record->ok = true;
   run.record->percent = 33;
+  run.operation->noticed();
+  run.record->ok = false;
+  run.record->done = true;
   EXPECT_EQ(linesOf(run.afterNotice()), (Lines{L"percent: 33", L"c, p: failed: the transfer broke off"}));
 }
 

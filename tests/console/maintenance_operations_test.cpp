@@ -8,9 +8,7 @@ namespace {
 using AppComm::Maintain;
 using AppComm::QRCode;
 using AppComm::SetAdjust;
-using AppComm::State;
 using AppComm::Type;
-using AppPrinterSdk::PushScanPara;
 using console::Outcome;
 using consoletest::linesOf;
 using consoletest::OperationRun;
@@ -58,36 +56,6 @@ TEST(MaintenanceOperationTest, QrCodeTakesItsTextAsItIs) {
   EXPECT_EQ(linesOf(run.afterNotice()), (Lines{L"c, p: failed: the image was sent and not printed"}));
   run.record->busy = true;
   EXPECT_EQ(run.afterNotice().outcome, Outcome::Refused);
-}
-
-TEST(RegistrationOperationTest, EachTellsItsOwnFlagWithoutANotice) {
-  struct Case {
-    Words words;
-    Type type;
-    bool State::*flag;
-    bool State::*other;
-  };
-  const Case cases[] = {
-      {{L"firmware", L"register"}, Type::RegUpgrade, &State::upgradeRegistered, &State::pushScanRegistered},
-      {{L"pushscan", L"register"}, Type::RegPushscan, &State::pushScanRegistered, &State::upgradeRegistered},
-  };
-  for (const auto& [words, type, flag, other] : cases) {
-    const OperationRun<State> run(words);
-    EXPECT_EQ(run.operation->type(), type);
-    (*run.record).*other = true;
-    EXPECT_EQ(linesOf(run.operation->report(run.printer)), (Lines{L"c, p: failed: the registration did not succeed"}));
-    (*run.record).*flag = true;
-    EXPECT_EQ(run.operation->report(run.printer).outcome, Outcome::Succeeded);
-  }
-}
-
-TEST(PushScanOperationTest, NoticeIsTheSuccess) {
-  const OperationRun<PushScanPara> run({L"pushscan", L"get"});
-  EXPECT_EQ(run.operation->type(), Type::GetPushscan);
-  EXPECT_EQ(linesOf(run.operation->report(run.printer)), (Lines{L"c, p: failed: the printer did not answer it"}));
-  *run.record = {300, 2, 1, 0};
-  EXPECT_EQ(linesOf(run.afterNotice()),
-            (Lines{L"resolution: 300", L"color mode: 2", L"file format: 1", L"paper size: 0", L"c, p: done"}));
 }
 
 }  // namespace

@@ -54,6 +54,13 @@ TEST(ReportTest, ListOfNumbersTakesOneLineAndNothingIsADash) {
             (Lines{L"alerts: 12, -3", L"none: -", L"address: -", L"get, lab: done"}));
 }
 
+TEST(ReportTest, CountBelowZeroIsWordsForAPersonAndTheNumberForAProgram) {
+  const Report report{.results = {console::count(L"jobs", -3), console::count(L"pages", 0)}};
+  EXPECT_EQ(textOf(report), (Lines{L"jobs: could not be read", L"pages: 0", L"get, lab: done"}));
+  EXPECT_EQ(console::renderJson(L"get", L"lab", report),
+            LR"({"command":"get","printer":"lab","outcome":"succeeded","results":{"jobs":-3,"pages":0}})");
+}
+
 TEST(ReportTest, TextIsCutAndSteersNoTerminal) {
   const Values many(10000, console::integer(-2147483648));
   const auto lines = textOf({.reason = L"a\x1b[H",

@@ -81,7 +81,7 @@ TEST(TableTest, WhatDoesNotFitItsColumnIsCut) {
   row.last->state.result = std::numeric_limits<std::int32_t>::min();
   row.sinceLast = 100h;
   EXPECT_EQ(tableRow(row),
-            L"A printer with a lo~  kind -214~  status -214~  -214~  failed -214~  360000.0 s   black 62% cyan 48%");
+            L"A printer with a lo~  kind -214~  status -214~  error  failed -214~  360000.0 s   black 62% cyan 48%");
 }
 
 TEST(TableTest, NoLineIsLongerThanTheWindow) {
@@ -133,6 +133,14 @@ TEST(LineTest, SaysTheSameAsTheTable) {
             L"12.3 s  usb-desk  USB, status 3, jobs 2, queried yes, last notice 1.2 s, supplies black 62% cyan 48%");
   EXPECT_EQ(console::renderLine(newRow(), 0ms),
             L"0.0 s  usb-desk  USB, -, jobs -, queried -, last notice none yet, supplies -");
+}
+
+TEST(LineTest, JobsThatCouldNotBeReadAreWords) {
+  auto row = readRow();
+  row.last->state.jobs = -1;
+  EXPECT_EQ(console::renderLine(row, 12345ms),
+            L"12.3 s  usb-desk  USB, status 3, jobs could not be read, queried yes, last notice 1.2 s, supplies black 62% cyan "
+            L"48%");
 }
 
 TEST(SummaryTest, CountsEachPrinterAndAll) {

@@ -10,6 +10,7 @@ using namespace std::string_literals;
 TEST(TextTest, CharactersThatWouldSteerTheTerminalAreReplaced) {
   EXPECT_EQ(console::printable(L"a\0b\r\n\t\x1b[2J\x7f\u0085\u009b"s), L"a?b????[2J???");
   EXPECT_EQ(console::printable(L"\u200b\u202e\u2028\u2066\ufeff"), L"?????");
+  EXPECT_EQ(console::printable(L"\u061b\u061c\u061d\ufff8\ufff9\ufffa\ufffb\ufffc"), L"\u061b?\u061d\ufff8???\ufffc");
   EXPECT_EQ(console::printable(L"%s%n \u00a0\u00e9\u5370~"), L"%s%n \u00a0\u00e9\u5370~");
 }
 

@@ -42,13 +42,14 @@ TEST(ValuesTest, YesAndNo) {
 TEST(ValuesTest, AddressesAreFourNumbers) {
   EXPECT_EQ(console::parseAddress(L"a", L"192.0.2.10"), (Address{192, 0, 2, 10}));
   EXPECT_EQ(console::parseAddress(L"a", L"255.255.255.255"), (Address{255, 255, 255, 255}));
+  EXPECT_EQ(console::parseAddress(L"a", L"0.10.0.0"), (Address{0, 10, 0, 0}));
   EXPECT_EQ(console::toText({192, 0, 2, 10}), L"192.0.2.10");
   EXPECT_EQ(console::toText({}), L"0.0.0.0");
 }
 
 TEST(ValuesTest, OtherAddressesAreMistakes) {
   for (const auto* text : {L"", L".", L"1.2.3", L"1.2.3.", L".1.2.3", L"1..2.3", L"1.2.3.4.5", L"1.2.3.256", L"1.2.3.-4",
-                           L"-0.2.3.4", L"1.2.3.4 ", L"a.b.c.d", L"1,2,3,4", L"::1"}) {
+                           L"-0.2.3.4", L"1.2.3.4 ", L"a.b.c.d", L"1,2,3,4", L"::1", L"010.0.0.1", L"1.2.3.00"}) {
     EXPECT_THROW(console::parseAddress(L"a", text), OptionsError) << testing::PrintToString(std::wstring(text));
   }
 }

@@ -34,7 +34,9 @@ TEST(WifiListTest, TellsTheNetworksButNoPassword) {
 
 TEST(WifiListTest, WithoutAListItFailed) {
   const OperationRun<WIFI> run({L"wifi", L"list"});
-  EXPECT_EQ(linesOf(run.afterNotice()), (Lines{L"c, p: failed: the printer found no network"}));
+  EXPECT_EQ(linesOf(run.afterNotice()), (Lines{L"c, p: failed: the printer found no network, or its list could not be read"}));
+  run.record->networks.resize(1);
+  EXPECT_EQ(linesOf(run.afterNotice()), (Lines{L"c, p: failed: the printer's list could not be read"}));
   run.record->connected = true;
   EXPECT_EQ(linesOf(run.afterNotice()),
             (Lines{L"c, p: refused: the printer is in a network already and was not asked for a list"}));

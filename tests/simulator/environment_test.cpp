@@ -39,9 +39,9 @@ class Environment : public SimulatorTest {
   }
 };
 
-std::string errorOf(const std::filesystem::path& file) {
+std::string errorOf(const std::filesystem::path& file, std::string_view setting = {}) {
   try {
-    loadScenarioFile(file);
+    loadScenarioFile(file, setting);
   } catch (const ScenarioError& error) {
     return error.what();
   }
@@ -109,12 +109,24 @@ TEST_F(Environment, NameThatIsNoTextIsShownWithReplacements) {
 
 TEST_F(Environment, MissingFileIsAnError) {
   const auto file = m_folder / "none.xml";
-  EXPECT_EQ(errorOf(file),
-            shown(file) + ": there is no such file; right is the path of a scenario file, as in PRINTER_SCENARIO");
+  EXPECT_EQ(errorOf(file), shown(file) + ": there is no such file; right is the path of a scenario file");
+}
+
+TEST_F(Environment, ErrorOfAFileThatCannotBeOpenedNamesTheSetting) {
+  const auto file = m_folder / "none.xml";
+  const std::string error = shown(file) + ": there is no such file; ";
+  EXPECT_EQ(errorOf(file, "--file"), error + "--file takes the path of a scenario file");
+  setScenario(file);
+  try {
+    loadScenario();
+    FAIL() << "it has been loaded";
+  } catch (const ScenarioError& thrown) {
+    EXPECT_EQ(thrown.what(), error + "PRINTER_SCENARIO takes the path of a scenario file");
+  }
 }
 
 TEST_F(Environment, FolderIsAnError) {
-  EXPECT_EQ(errorOf(m_folder), shown(m_folder) + ": is a folder; right is the path of a scenario file, as in PRINTER_SCENARIO");
+  EXPECT_EQ(errorOf(m_folder), shown(m_folder) + ": is a folder; right is the path of a scenario file");
 }
 
 TEST_F(Environment, HugeFileIsAnError) {

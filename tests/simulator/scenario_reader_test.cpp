@@ -22,8 +22,8 @@ std::string inWifi(const std::string& point) { return onePrinter("", "<wifi>\n" 
 
 const std::vector<Mistake> mistakes{
     // The file
-    {"Empty", "",
-     "f.xml:1: not well-formed XML (XML_ERROR_EMPTY_DOCUMENT); close every element and quote every attribute once"},
+    {"Empty", "", "f.xml:1: the file is empty; right is <scenario>"},
+    {"Blank", "\n\t ", "f.xml:1: the file is empty; right is <scenario>"},
     {"OnlyComment", "<!-- -->", "f.xml:1: the file does not begin with <scenario>; right is <scenario>"},
     {"NotClosed", "<scenario>\n<printer>\n</scenario>",
      "f.xml:2: not well-formed XML (XML_ERROR_MISMATCHED_ELEMENT); close every element and quote every attribute once"},
