@@ -58,7 +58,8 @@ class APPCOMM_API BaseWindow {
   HWND m_handle = nullptr;
 };
 
-/// A modeless dialog. Its window is destroyed with the object.
+/// A modeless dialog. Its window is destroyed with the object, so the last reference to the object goes on the thread of the
+/// window: no other can destroy it.
 class APPCOMM_API BaseDlgWnd : public BaseWindow {
  public:
   ~BaseDlgWnd() override;

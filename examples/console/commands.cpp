@@ -15,7 +15,7 @@ constexpr std::array<Option, 4> kGeneralOptions{{
     {L"--scenario", L"FILE",
      L"the printers and what happens to them (docs/scenario.md); without it the file that\n"
      L"PRINTER_SCENARIO names, or a built-in scenario"},
-    {L"--seconds", L"N", L"the time limit, 1 to 86400. Ctrl-C ends it earlier"},
+    {L"--seconds", L"N", L"the time limit, 1 to 86400 (COMMAND --help tells the usual one). Ctrl-C ends it earlier"},
     {L"--log", nullptr, L"switch the diagnostic log on (C:\\log\\orva_config.ini) and start again with it"},
     {L"--help", nullptr, L"this text"},
 }};
@@ -38,7 +38,14 @@ constexpr std::array<Option, 3> kWifiOptions{{
 
 constexpr std::array<Command, 20> kCommands{{
     {L"poll", L"", 0, 0, L"watch the state of every printer; what the program does without a command", 12s, {}, nullptr},
-    {L"demo", L"", 0, 0, L"poll, then each operation once, on the printers of the built-in scenario", 60s, {}, nullptr},
+    {L"demo",
+     L"",
+     0,
+     0,
+     L"poll, then each operation at least once, on the printers of the built-in scenario",
+     60s,
+     {},
+     nullptr},
     {L"state", L"", 0, 0, L"read the printer's state", 30s, {}, newState},
     {L"alarm", L"", 0, 0, L"read the state of the supplies alarm", 30s, {}, newAlarm},
     {L"get",
