@@ -1,7 +1,7 @@
 /// The four control functions. None validates its argument, none holds the registry lock and a list's `m_backendLock` at once,
 /// and each releases its task last.
 
-#include <thread>
+#include <utility>
 #include <vector>
 
 #include "AppCommunication.h"
@@ -10,6 +10,7 @@
 #include "comm/Registry.h"
 #include "comm/Worker.h"
 #include "log/Log.h"
+#include "platform/DetachedThread.h"
 
 namespace {
 
@@ -65,7 +66,7 @@ std::shared_ptr<CList> createListFor(const Task& task) {
   list->m_running.exchange(true);
   list->m_idleCountdown.exchange(0);
   // A list whose thread cannot start stays registered: its tasks are kept, and Stop clears it away.
-  std::thread(thread_list, list).detach();
+  platform::startDetached([list]() mutable { thread_list(std::move(list)); });
   return nullptr;
 }
 
