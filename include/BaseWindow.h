@@ -12,6 +12,18 @@
 
 #include "Export.h"
 
+/// Two overloads in neighbouring slots of the virtual table. Visual C++ gives a group of overloads its slots in the reverse
+/// order of declaration, the other compilers in the order of declaration; the table is the same with all of them.
+#if defined(_MSC_VER)
+#define APPCOMM_VIRTUAL_PAIR(first, second) \
+  second;                                   \
+  first
+#else
+#define APPCOMM_VIRTUAL_PAIR(first, second) \
+  first;                                    \
+  second
+#endif
+
 namespace BaseWnd {
 
 /// A thin wrapper around one window handle.
@@ -33,8 +45,8 @@ class APPCOMM_API BaseWindow {
   /// Sends a message to the parent window, or to the window itself, and waits for the answer, which is returned.
   virtual __int64 SendParentMsg(unsigned msg, unsigned __int64 wParam, __int64 lParam) const;
   virtual __int64 SendSelfMsg(unsigned msg, unsigned __int64 wParam, __int64 lParam) const;
-  virtual void Show() const;
-  virtual void Show(int cmd) const;
+  /// Shows the window, or does what the command of the system (`SW_SHOW`, …) says.
+  APPCOMM_VIRTUAL_PAIR(virtual void Show() const, virtual void Show(int cmd) const);
   virtual void Hide() const;
   virtual bool IsVisible() const;
   virtual void Enable() const;
@@ -42,10 +54,9 @@ class APPCOMM_API BaseWindow {
   virtual bool IsEnable() const;
   /// False for a null handle, without asking the system.
   virtual bool IsWindow() const;
-  /// Pixels of the parent's client area. Ends with `ReDraw(true)`.
-  virtual void Move(int x, int y, int width, int height) const;
-  /// `r.right` and `r.bottom` are taken as width and height: callers hand in rectangles that hold a size there.
-  virtual void Move(const RECT& r) const;
+  /// Pixels of the parent's client area. Ends with `ReDraw(true)`. Of a `RECT`, `right` and `bottom` are taken as width and
+  /// height: callers hand in rectangles that hold a size there.
+  APPCOMM_VIRTUAL_PAIR(virtual void Move(int x, int y, int width, int height) const, virtual void Move(const RECT& r) const);
   virtual void ReDraw(bool erase) const;
   virtual void GetClientRect(RECT& rect) const;
   virtual void GetClientSize(SIZE& size) const;
@@ -119,3 +130,5 @@ class APPCOMM_API BaseCtrlStd : public BaseWindow {
 };
 
 }  // namespace BaseWnd
+
+#undef APPCOMM_VIRTUAL_PAIR

@@ -1,5 +1,7 @@
-/// The three window procedures of the control library: they find the object behind a window and give it the message.
+/// The three window procedures of the control library: they find the object behind a window and give it the message. And the
+/// `Destroy` that it supplies.
 
+#include "AppWindow.h"
 #include "BaseWindow.h"
 
 namespace BaseWnd {
@@ -34,3 +36,9 @@ __int64 BaseCtrlStd::Proc(HWND window, unsigned msg, unsigned __int64 wParam, __
 }
 
 }  // namespace BaseWnd
+
+namespace AppWnd {
+
+void CDlgWnd::Destroy() { BaseDlgWnd::Destroy(); }
+
+}  // namespace AppWnd

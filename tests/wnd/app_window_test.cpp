@@ -62,6 +62,29 @@ TEST(CWnd, DestructorDestroysTheWindow) {
   EXPECT_EQ(platform.calls(), (Calls{"IsWindow(1)", "DestroyWindow(1)"}));
 }
 
+class Dialog : public AppWnd::CDlgWnd {
+ public:
+  using CDlgWnd::CDlgWnd;
+  bool Create(HWND /*parent*/) override { return false; }
+  __int64 RunProc(unsigned /*msg*/, unsigned __int64 /*wParam*/, __int64 /*lParam*/) override { return 0; }
+};
+
+TEST(CDlgWnd, NoticeAnswersFalse) { EXPECT_FALSE(Dialog(kNowhere).Notice(1)); }
+
+TEST(CDlgWnd, DestroyAndTheDestructorDestroyTheWindow) {
+  WindowCalls platform;
+  const fakes::Installed installed(platform);
+  platform.answer("IsWindow", 1);
+  {
+    Dialog dialog(kNowhere);
+    dialog.SetWnd(handle(1));
+    dialog.Destroy();
+    EXPECT_EQ(dialog.GetWnd(), nullptr);
+    dialog.SetWnd(handle(2));
+  }
+  EXPECT_EQ(platform.calls(), (Calls{"IsWindow(1)", "DestroyWindow(1)", "IsWindow(2)", "DestroyWindow(2)"}));
+}
+
 // A receiver whose thread is busy: no message is answered before the test lets it.
 class BusyReceiver : public WindowCalls {
  public:
@@ -117,6 +140,7 @@ class BusyReceiver : public WindowCalls {
   std::vector<std::thread::id> m_senders;
 };
 
+template <class Window>
 class ForwardingTest : public testing::Test {
  protected:
   ForwardingTest() {
@@ -141,41 +165,46 @@ class ForwardingTest : public testing::Test {
   Window window{kNowhere};
 };
 
-TEST_F(ForwardingTest, ThreadToParentReturnsWhileTheParentIsBusyAndBothMessagesArrive) {
-  EXPECT_TRUE(returnsWhileBusy([&] {
-    window.ThreadToParent(7, 1, -1);
-    window.ThreadToParent(8, ~0ULL, 2);
+using Forwarding = testing::Types<Window, Dialog>;
+TYPED_TEST_SUITE(ForwardingTest, Forwarding);
+
+TYPED_TEST(ForwardingTest, ThreadToParentReturnsWhileTheParentIsBusyAndBothMessagesArrive) {
+  EXPECT_TRUE(this->returnsWhileBusy([&] {
+    this->window.ThreadToParent(7, 1, -1);
+    this->window.ThreadToParent(8, ~0ULL, 2);
   }));
-  EXPECT_EQ(receiver.awaitMessages(2), (Calls{"SendMessageW(2, 7, 1, -1)", "SendMessageW(2, 8, 18446744073709551615, 2)"}));
+  EXPECT_EQ(this->receiver.awaitMessages(2),
+            (Calls{"SendMessageW(2, 7, 1, -1)", "SendMessageW(2, 8, 18446744073709551615, 2)"}));
 }
 
-TEST_F(ForwardingTest, ThreadToSelfReturnsWhileTheWindowIsBusyAndBothMessagesArrive) {
-  EXPECT_TRUE(returnsWhileBusy([&] {
-    window.ThreadToSelf(7, 1, -1);
-    window.ThreadToSelf(8, 3, 2);
+TYPED_TEST(ForwardingTest, ThreadToSelfReturnsWhileTheWindowIsBusyAndBothMessagesArrive) {
+  EXPECT_TRUE(this->returnsWhileBusy([&] {
+    this->window.ThreadToSelf(7, 1, -1);
+    this->window.ThreadToSelf(8, 3, 2);
   }));
-  EXPECT_EQ(receiver.awaitMessages(2), (Calls{"SendMessageW(1, 7, 1, -1)", "SendMessageW(1, 8, 3, 2)"}));
+  EXPECT_EQ(this->receiver.awaitMessages(2), (Calls{"SendMessageW(1, 7, 1, -1)", "SendMessageW(1, 8, 3, 2)"}));
 }
 
-TEST_F(ForwardingTest, EachMessageIsSentOnAThreadOfItsOwn) {
+TYPED_TEST(ForwardingTest, EachMessageIsSentOnAThreadOfItsOwn) {
   auto caller = std::async(std::launch::async, [&] {
-    window.ThreadToParent(7, 0, 0);
-    window.ThreadToSelf(8, 0, 0);
+    this->window.ThreadToParent(7, 0, 0);
+    this->window.ThreadToSelf(8, 0, 0);
     return std::this_thread::get_id();
   });
 
-  auto threads = receiver.awaitSenders(2);  // while none is answered: ids of threads that ended may come again
-  receiver.release();
+  auto threads = this->receiver.awaitSenders(2);  // while none is answered: ids of threads that ended may come again
+  this->receiver.release();
   threads.push_back(caller.get());
 
   EXPECT_EQ(std::set<std::thread::id>(threads.begin(), threads.end()).size(), 3U);
-  receiver.awaitMessages(2);
+  this->receiver.awaitMessages(2);
 }
 
 // The senders of the table are the ones that the thread calls.
-class SendsItself : public Window {
+template <class Base>
+class SendsItself : public Base {
  public:
-  explicit SendsItself(const BusyReceiver& receiver) : Window(kNowhere), m_receiver(const_cast<BusyReceiver&>(receiver)) {}
+  explicit SendsItself(const BusyReceiver& receiver) : Base(kNowhere), m_receiver(const_cast<BusyReceiver&>(receiver)) {}
   __int64 SendParentMsg(unsigned msg, unsigned __int64 wParam, __int64 lParam) const override {
     return m_receiver.SendMessageW(handle(100), msg, wParam, lParam);
   }
@@ -187,19 +216,19 @@ class SendsItself : public Window {
   BusyReceiver& m_receiver;
 };
 
-TEST_F(ForwardingTest, GoesThroughTheSendersOfTheTable) {
-  const SendsItself overriding(receiver);
-  receiver.release();
+TYPED_TEST(ForwardingTest, GoesThroughTheSendersOfTheTable) {
+  const SendsItself<TypeParam> overriding(this->receiver);
+  this->receiver.release();
   overriding.ThreadToParent(7, 1, 2);
   overriding.ThreadToSelf(8, 3, 4);
-  EXPECT_EQ(receiver.awaitMessages(2), (Calls{"SendMessageW(100, 7, 1, 2)", "SendMessageW(101, 8, 3, 4)"}));
+  EXPECT_EQ(this->receiver.awaitMessages(2), (Calls{"SendMessageW(100, 7, 1, 2)", "SendMessageW(101, 8, 3, 4)"}));
 }
 
-TEST_F(ForwardingTest, AThreadThatCannotBeStartedIsTheCallersError) {
+TYPED_TEST(ForwardingTest, AThreadThatCannotBeStartedIsTheCallersError) {
   const fakes::ThreadStartFault fault;
-  EXPECT_THROW(window.ThreadToParent(7, 1, 2), std::system_error);
-  EXPECT_THROW(window.ThreadToSelf(7, 1, 2), std::system_error);
-  EXPECT_TRUE(receiver.calls().empty());
+  EXPECT_THROW(this->window.ThreadToParent(7, 1, 2), std::system_error);
+  EXPECT_THROW(this->window.ThreadToSelf(7, 1, 2), std::system_error);
+  EXPECT_TRUE(this->receiver.calls().empty());
 }
 
 }  // namespace

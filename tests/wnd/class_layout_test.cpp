@@ -12,6 +12,8 @@
 
 namespace {
 
+using AppWnd::CDlgWnd;
+using AppWnd::CtrlWnd;
 using AppWnd::CWnd;
 using BaseWnd::BaseCtrlStd;
 using BaseWnd::BaseDlgBox;
@@ -22,7 +24,9 @@ static_assert(std::is_same_v<__int64, long long> && sizeof(unsigned __int64) == 
 static_assert(std::is_polymorphic_v<BaseWindow> && std::has_virtual_destructor_v<BaseWindow>);
 static_assert(std::is_abstract_v<BaseDlgWnd> && std::is_abstract_v<BaseDlgBox> && std::is_abstract_v<CWnd>);
 static_assert(std::is_base_of_v<BaseWindow, BaseDlgWnd> && std::is_base_of_v<BaseWindow, BaseDlgBox> &&
-              std::is_base_of_v<BaseWindow, BaseCtrlStd> && std::is_base_of_v<BaseDlgWnd, CWnd>);
+              std::is_base_of_v<BaseWindow, BaseCtrlStd> && std::is_base_of_v<BaseDlgWnd, CWnd> &&
+              std::is_base_of_v<BaseDlgWnd, CDlgWnd> && std::is_base_of_v<BaseDlgWnd, CtrlWnd>);
+static_assert(std::is_abstract_v<CDlgWnd> && std::is_abstract_v<CtrlWnd>);
 
 // A pointer to a virtual member holds one more than the offset of its slot; the destructor has the first two slots.
 template <class Member>
@@ -66,6 +70,8 @@ TEST(DerivedTables, AddTheirOperationsAfterThoseOfTheBase) {
   EXPECT_EQ(slot(&BaseCtrlStd::RunProc), kFirst + 1);
   EXPECT_EQ(slot(&CWnd::ThreadToParent), kFirst + 2);
   EXPECT_EQ(slot(&CWnd::ThreadToSelf), kFirst + 3);
+  EXPECT_EQ(slot(&CDlgWnd::ThreadToParent), kFirst + 2);
+  EXPECT_EQ(slot(&CDlgWnd::ThreadToSelf), kFirst + 3);
 }
 
 #if defined(_WIN32)
@@ -76,6 +82,8 @@ static_assert(sizeof(BaseDlgWnd) == 16);   // nothing of its own
 static_assert(sizeof(BaseDlgBox) == 24);   // two values of 32 bits
 static_assert(sizeof(BaseCtrlStd) == 40);  // identifier, one pointer-sized field, the former procedure
 static_assert(sizeof(CWnd) == 24);         // the rectangle's address
+static_assert(sizeof(CDlgWnd) == 24);
+static_assert(sizeof(CtrlWnd) == 32);  // two fields of the control library, the rectangle's address
 
 class Values : public BaseDlgBox {
  public:
