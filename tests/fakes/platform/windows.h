@@ -52,6 +52,7 @@ using errno_t = int;
 struct RECT {
   LONG left, top, right, bottom;
 };
+using COLORREF = DWORD;
 struct SIZE {
   LONG cx, cy;
 };
