@@ -7,7 +7,7 @@
 
 #include "console/Table.h"
 
-namespace console {
+namespace examples {
 
 /// What all printers last said. Any thread; notices write, the table reads.
 class Board {
@@ -28,4 +28,4 @@ class Board {
   std::vector<Entry> m_entries;
 };
 
-}  // namespace console
+}  // namespace examples

@@ -7,22 +7,16 @@
 #include <string>
 #include <vector>
 
-#include "console/Operation.h"
-#include "console/Request.h"
+#include "common/Operations.h"
+#include "common/Request.h"
 
-namespace console {
+namespace examples {
 
 /// An option of the command line.
 struct Option {
   const wchar_t* name;
   const wchar_t* value;  ///< what stands behind it, as help says it; null for a switch
   const wchar_t* help;   ///< a line, or several
-};
-
-/// An operand that has several meanings: one of them, as help says it.
-struct OperandHelp {
-  std::wstring usage;
-  std::wstring help;
 };
 
 /// One thing that the program does.
@@ -66,4 +60,4 @@ std::wstring helpText();
 std::wstring helpText(const Command& command);
 std::wstring groupHelpText(const std::wstring& firstWord);
 
-}  // namespace console
+}  // namespace examples

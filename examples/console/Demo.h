@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
-#include "console/Report.h"
+#include "common/Report.h"
 
-namespace console {
+namespace examples {
 
 /// A command line of the demonstration, and what it is to come to. What a step changes the later ones find.
 struct DemoStep {
@@ -22,4 +22,4 @@ std::vector<std::wstring> demoPrinters();
 /// The poll first, then every operation, on the printers of the built-in scenario.
 const std::vector<DemoStep>& demoSteps();
 
-}  // namespace console
+}  // namespace examples

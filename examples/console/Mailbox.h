@@ -3,10 +3,10 @@
 #include <mutex>
 #include <optional>
 
-#include "console/Handle.h"
-#include "console/Report.h"
+#include "common/Report.h"
+#include "common/Handle.h"
 
-namespace console {
+namespace examples {
 
 /// The way from the module's threads to the one that waits for an operation. Any thread.
 class Mailbox {
@@ -36,4 +36,4 @@ class Mailbox {
   State m_state;  // guarded by m_mutex
 };
 
-}  // namespace console
+}  // namespace examples

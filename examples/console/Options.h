@@ -5,11 +5,11 @@
 #include <string>
 #include <vector>
 
+#include "common/Request.h"
+#include "common/Values.h"
 #include "console/Commands.h"
-#include "console/Request.h"
-#include "console/Values.h"
 
-namespace console {
+namespace examples {
 
 /// What the command line asks for.
 struct Options {
@@ -28,4 +28,4 @@ struct Options {
 /// `OptionsError`.
 Options parseOptions(const std::vector<std::wstring>& arguments);
 
-}  // namespace console
+}  // namespace examples

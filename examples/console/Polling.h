@@ -7,7 +7,7 @@
 #include "AppCommunication.h"
 #include "console/Board.h"
 
-namespace console {
+namespace examples {
 
 /// The application's side of the module: one repeating state task per printer, whose notices go to the board.
 class Polling {
@@ -32,4 +32,4 @@ class Polling {
   std::vector<std::shared_ptr<AppComm::Node>> m_tasks;
 };
 
-}  // namespace console
+}  // namespace examples

@@ -6,7 +6,7 @@
 #include <optional>
 #include <string>
 
-namespace console {
+namespace examples {
 
 /// How far an operation is, for one that tells; of others only the time is known.
 using Percent = std::optional<std::int32_t>;
@@ -17,4 +17,4 @@ std::wstring renderProgress(const std::wstring& command, Percent percent, std::c
 /// The same for a terminal: at most `width` characters, with a bar where the percentage is known and there is room.
 std::wstring renderBar(const std::wstring& command, Percent percent, std::chrono::milliseconds elapsed, std::size_t width);
 
-}  // namespace console
+}  // namespace examples

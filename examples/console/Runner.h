@@ -5,11 +5,11 @@
 #include <memory>
 
 #include "AppCommunication.h"
-#include "console/Operation.h"
+#include "common/Operation.h"
 #include "console/Progress.h"
 #include "console/Terminal.h"
 
-namespace console {
+namespace examples {
 
 /// Runs operations through the module, one after another, for the main thread, which waits for each.
 class Runner {
@@ -38,4 +38,4 @@ class Runner {
   const ShowProgress m_showProgress;
 };
 
-}  // namespace console
+}  // namespace examples

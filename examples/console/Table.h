@@ -10,7 +10,7 @@
 #include "PrinterInfo.h"
 #include "Records.h"
 
-namespace console {
+namespace examples {
 
 /// What the last notice of one printer said: copies, made inside the notice.
 struct Reading {
@@ -42,4 +42,4 @@ std::wstring renderLine(const Row& row, std::chrono::milliseconds sinceStart);
 /// A line per printer and one for all: notices, reads, failures.
 std::vector<std::wstring> renderSummary(const std::vector<Row>& rows);
 
-}  // namespace console
+}  // namespace examples

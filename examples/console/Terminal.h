@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-namespace console {
+namespace examples {
 
 /// Standard output, and Ctrl-C. One per process, for its main thread.
 class Terminal {
@@ -40,4 +40,4 @@ std::wstring readLine();
 /// One line to standard error: the program's name and the text, which is UTF-8. What is not printable becomes a question mark.
 void writeError(const std::string& line);
 
-}  // namespace console
+}  // namespace examples

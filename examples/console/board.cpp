@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace console {
+namespace examples {
 
 std::size_t Board::addPrinter(const qzstd::PrinterInfo& printer) {
   Entry entry;
@@ -35,4 +35,4 @@ std::vector<Row> Board::rows() const {
   return rows;
 }
 
-}  // namespace console
+}  // namespace examples

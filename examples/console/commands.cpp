@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <array>
 
-#include "console/Operations.h"
-#include "console/Text.h"
+#include "common/Operations.h"
+#include "common/Text.h"
 
-namespace console {
+namespace examples {
 namespace {
 
 using namespace std::chrono_literals;
@@ -258,4 +258,4 @@ wstring groupHelpText(const wstring& firstWord) {
          L" COMMAND --help tells more.\n";
 }
 
-}  // namespace console
+}  // namespace examples

@@ -2,7 +2,7 @@
 
 #include "console/Demo.h"
 
-namespace console {
+namespace examples {
 
 std::wstring shownCommand(const std::vector<std::wstring>& arguments) {
   std::wstring line = L"printer-console";
@@ -57,4 +57,4 @@ const std::vector<DemoStep>& demoSteps() {
   return steps;
 }
 
-}  // namespace console
+}  // namespace examples

@@ -3,7 +3,7 @@
 #include <system_error>
 #include <utility>
 
-namespace console {
+namespace examples {
 
 Mailbox::Mailbox() : m_changed(::CreateEventW(nullptr, FALSE, FALSE, nullptr)) {
   if (!m_changed.valid()) throw std::system_error(static_cast<int>(::GetLastError()), std::system_category(), "no event");
@@ -29,4 +29,4 @@ Mailbox::State Mailbox::state() const {
   return m_state;
 }
 
-}  // namespace console
+}  // namespace examples

@@ -8,13 +8,13 @@
 #include <vector>
 
 #include "AppCommunication.h"
+#include "common/Text.h"
 #include "console/Demo.h"
-#include "console/DiagnosticLog.h"
+#include "common/DiagnosticLog.h"
 #include "console/Operate.h"
 #include "console/Options.h"
 #include "console/Poll.h"
 #include "console/Terminal.h"
-#include "console/Text.h"
 #include "simulator/SimulatedPrinters.h"
 
 namespace {
@@ -23,18 +23,18 @@ constexpr int kMistake = 2;  // in the command line or the scenario
 constexpr int kFailure = 1;
 constexpr std::size_t kLogLines = 8;
 
-void showLog(console::Terminal& terminal) {
-  if (!console::isLogOn()) {
+void showLog(examples::Terminal& terminal) {
+  if (!examples::isLogOn()) {
     terminal.writeLine(L"The diagnostic log is off; --log switches it on.");
     return;
   }
-  const auto lines = console::lastLogLines(kLogLines);
+  const auto lines = examples::lastLogLines(kLogLines);
   if (lines.empty()) {
-    terminal.writeLine(std::wstring(L"The diagnostic log is on, and ") + console::kLogFile + L" has no lines.");
+    terminal.writeLine(std::wstring(L"The diagnostic log is on, and ") + examples::kLogFile + L" has no lines.");
     return;
   }
-  terminal.writeLine(std::wstring(L"The diagnostic log is ") + console::kLogFile + L". Its last lines:");
-  for (const auto& line : lines) terminal.writeLine(L"  " + console::printable(line));
+  terminal.writeLine(std::wstring(L"The diagnostic log is ") + examples::kLogFile + L". Its last lines:");
+  for (const auto& line : lines) terminal.writeLine(L"  " + examples::printable(line));
 }
 
 void loadPrinters(const std::optional<std::wstring>& scenario) {
@@ -45,60 +45,60 @@ void loadPrinters(const std::optional<std::wstring>& scenario) {
 void requireDemoPrinters() {
   const auto known = simulator::printerUids();
   std::string missing;
-  for (const auto& uid : console::demoPrinters()) {
-    if (std::ranges::find(known, uid) == known.end()) missing += (missing.empty() ? "" : " and ") + console::plain(uid);
+  for (const auto& uid : examples::demoPrinters()) {
+    if (std::ranges::find(known, uid) == known.end()) missing += (missing.empty() ? "" : " and ") + examples::plain(uid);
   }
-  if (!missing.empty()) throw console::OptionsError("the demo needs printers that the scenario lacks: " + missing);
+  if (!missing.empty()) throw examples::OptionsError("the demo needs printers that the scenario lacks: " + missing);
 }
 
-console::Outcome runStep(console::Terminal& terminal, const console::DemoStep& step, std::chrono::seconds limit) {
+examples::Outcome runStep(examples::Terminal& terminal, const examples::DemoStep& step, std::chrono::seconds limit) {
   terminal.writeLine(L"");
-  terminal.writeLine(L"> " + console::shownCommand(step.arguments));
-  auto options = console::parseOptions(step.arguments);
+  terminal.writeLine(L"> " + examples::shownCommand(step.arguments));
+  auto options = examples::parseOptions(step.arguments);
   options.limit = std::min(options.limit, limit);
-  if (console::isOperation(*options.command)) return console::operate(terminal, options);
-  const bool interrupted = console::pollPrinters(terminal, options.limit);
-  return interrupted ? console::Outcome::Interrupted : console::Outcome::Succeeded;
+  if (examples::isOperation(*options.command)) return examples::operate(terminal, options);
+  const bool interrupted = examples::pollPrinters(terminal, options.limit);
+  return interrupted ? examples::Outcome::Interrupted : examples::Outcome::Succeeded;
 }
 
 // One process for all steps: what one of them sets the next ones find.
-int demonstrate(console::Terminal& terminal, std::chrono::seconds limit) {
+int demonstrate(examples::Terminal& terminal, std::chrono::seconds limit) {
   using Clock = std::chrono::steady_clock;
   requireDemoPrinters();
   const auto deadline = Clock::now() + limit;
   std::size_t asMeant = 0;
-  for (const auto& step : console::demoSteps()) {
+  for (const auto& step : examples::demoSteps()) {
     const auto left = std::chrono::ceil<std::chrono::seconds>(deadline - Clock::now());
     if (left.count() <= 0) break;
     const auto outcome = runStep(terminal, step, left);
-    if (outcome == console::Outcome::Interrupted) return console::exitCode(outcome);
+    if (outcome == examples::Outcome::Interrupted) return examples::exitCode(outcome);
     if (outcome == step.outcome) ++asMeant;
   }
-  const auto steps = console::demoSteps().size();
+  const auto steps = examples::demoSteps().size();
   terminal.writeLine(L"");
   terminal.writeLine(std::to_wstring(asMeant) + L" of " + std::to_wstring(steps) + L" steps went as meant.");
   return asMeant == steps ? 0 : kFailure;
 }
 
-int runCommand(console::Terminal& terminal, const console::Options& options) {
-  if (options.command == &console::demoCommand()) return demonstrate(terminal, options.limit);
-  if (console::isOperation(*options.command)) return console::exitCode(console::operate(terminal, options));
-  const bool interrupted = console::pollPrinters(terminal, options.limit);
+int runCommand(examples::Terminal& terminal, const examples::Options& options) {
+  if (options.command == &examples::demoCommand()) return demonstrate(terminal, options.limit);
+  if (examples::isOperation(*options.command)) return examples::exitCode(examples::operate(terminal, options));
+  const bool interrupted = examples::pollPrinters(terminal, options.limit);
   showLog(terminal);
-  return interrupted ? console::exitCode(console::Outcome::Interrupted) : 0;
+  return interrupted ? examples::exitCode(examples::Outcome::Interrupted) : 0;
 }
 
 // The module reads its log's switches when it is loaded, hence a second process.
-int runWithLog(console::Terminal& terminal, const console::Options& options) {
-  console::switchLogOn();
-  const int code = console::runAgain(options.withoutLog);
-  if (options.command != &console::pollCommand() && !options.json && code != kMistake) showLog(terminal);
+int runWithLog(examples::Terminal& terminal, const examples::Options& options) {
+  examples::switchLogOn();
+  const int code = examples::runAgain(options.withoutLog);
+  if (options.command != &examples::pollCommand() && !options.json && code != kMistake) showLog(terminal);
   return code;
 }
 
 int run(const std::vector<std::wstring>& arguments) {
-  const auto options = console::parseOptions(arguments);
-  console::Terminal terminal;
+  const auto options = examples::parseOptions(arguments);
+  examples::Terminal terminal;
   if (options.help) {
     terminal.writeLine(*options.help);
     return 0;
@@ -115,12 +115,12 @@ int run(const std::vector<std::wstring>& arguments) {
 int wmain(int count, wchar_t** values) {
   try {
     return run(std::vector<std::wstring>(values + 1, values + count));
-  } catch (const console::OptionsError& error) {
-    console::writeError(error.what());
+  } catch (const examples::OptionsError& error) {
+    examples::writeError(error.what());
   } catch (const simulator::ScenarioError& error) {
-    console::writeError(error.what());
+    examples::writeError(error.what());
   } catch (const std::exception& error) {
-    console::writeError(error.what());
+    examples::writeError(error.what());
     return kFailure;
   }
   return kMistake;

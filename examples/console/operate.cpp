@@ -3,11 +3,11 @@
 #include <memory>
 #include <string>
 
+#include "common/Text.h"
 #include "console/Runner.h"
-#include "console/Text.h"
 #include "simulator/SimulatedPrinters.h"
 
-namespace console {
+namespace examples {
 namespace {
 
 using std::chrono::milliseconds;
@@ -90,4 +90,4 @@ Outcome operate(Terminal& terminal, const Options& options) {
   return report.outcome;
 }
 
-}  // namespace console
+}  // namespace examples

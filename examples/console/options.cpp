@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "console/Text.h"
+#include "common/Text.h"
 
-namespace console {
+namespace examples {
 namespace {
 
 constexpr std::int64_t kMostSeconds = 86400;
@@ -119,4 +119,4 @@ Options parseOptions(const std::vector<std::wstring>& arguments) {
   return options;
 }
 
-}  // namespace console
+}  // namespace examples

@@ -7,7 +7,7 @@
 #include "console/Polling.h"
 #include "simulator/SimulatedPrinters.h"
 
-namespace console {
+namespace examples {
 namespace {
 
 using namespace std::chrono_literals;
@@ -55,4 +55,4 @@ bool pollPrinters(Terminal& terminal, std::chrono::seconds duration) {
   return interrupted;
 }
 
-}  // namespace console
+}  // namespace examples

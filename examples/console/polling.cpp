@@ -4,7 +4,7 @@
 #include <mutex>
 #include <utility>
 
-namespace console {
+namespace examples {
 namespace {
 
 constexpr long kStateNotice = 1;  // any number will do: each window has one task
@@ -91,4 +91,4 @@ bool Polling::stop(std::chrono::milliseconds limit) {
   return m_released->waitForAll(limit);
 }
 
-}  // namespace console
+}  // namespace examples

@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "console/Text.h"
+#include "common/Text.h"
 
-namespace console {
+namespace examples {
 namespace {
 
 constexpr std::size_t kBar = 40;
@@ -32,4 +32,4 @@ std::wstring renderBar(const std::wstring& command, Percent percent, std::chrono
   return command + L"  " + bar(*percent, std::min(width - taken, kBar)) + known(percent, elapsed);
 }
 
-}  // namespace console
+}  // namespace examples

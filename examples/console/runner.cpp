@@ -6,7 +6,7 @@
 
 #include "console/Mailbox.h"
 
-namespace console {
+namespace examples {
 namespace {
 
 using std::chrono::milliseconds;
@@ -141,4 +141,4 @@ Report Runner::run(std::unique_ptr<Operation> operation, const std::shared_ptr<q
   return runBy(std::move(operation), printer, start, start + limit);
 }
 
-}  // namespace console
+}  // namespace examples

@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <array>
 
-#include "console/Report.h"
-#include "console/Text.h"
+#include "common/Report.h"
+#include "common/Text.h"
 
-namespace console {
+namespace examples {
 namespace {
 
 struct Column {
@@ -122,4 +122,4 @@ std::vector<std::wstring> renderSummary(const std::vector<Row>& rows) {
   return lines;
 }
 
-}  // namespace console
+}  // namespace examples

@@ -5,9 +5,9 @@
 #include <system_error>
 
 #include "AppCommunication.h"  // brings in windows.h
-#include "console/Text.h"
+#include "common/Text.h"
 
-namespace console {
+namespace examples {
 namespace {
 
 constexpr std::size_t kLongestLine = 4096;
@@ -131,4 +131,4 @@ void writeError(const std::string& line) {
   write(STD_ERROR_HANDLE, L"printer-console: " + printable(fromUtf8(line)) + L"\r\n");
 }
 
-}  // namespace console
+}  // namespace examples

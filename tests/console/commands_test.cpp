@@ -4,24 +4,24 @@
 
 #include <set>
 
-#include "console/Values.h"
+#include "common/Values.h"
 
 namespace {
 
-using console::findCommand;
+using examples::findCommand;
 using Words = std::vector<std::wstring>;
 
 std::string mistakeOf(const Words& words) {
   try {
     findCommand(words);
     return "taken";
-  } catch (const console::OptionsError& error) {
+  } catch (const examples::OptionsError& error) {
     return error.what();
   }
 }
 
 TEST(CommandsTest, EachIsFoundByItsOwnWords) {
-  for (const auto& command : console::allCommands()) {
+  for (const auto& command : examples::allCommands()) {
     const std::wstring words = command.words;
     const auto blank = words.find(L' ');
     Words typed{words.substr(0, blank)};
@@ -35,10 +35,10 @@ TEST(CommandsTest, EachIsFoundByItsOwnWords) {
 }
 
 TEST(CommandsTest, WithoutWordsItIsThePoll) {
-  EXPECT_EQ(&findCommand({}).command, &console::pollCommand());
+  EXPECT_EQ(&findCommand({}).command, &examples::pollCommand());
   EXPECT_EQ(findCommand({}).words, 0U);
-  EXPECT_STREQ(console::pollCommand().words, L"poll");
-  EXPECT_STREQ(console::demoCommand().words, L"demo");
+  EXPECT_STREQ(examples::pollCommand().words, L"poll");
+  EXPECT_STREQ(examples::demoCommand().words, L"demo");
 }
 
 TEST(CommandsTest, MistakesNameTheChoices) {
@@ -59,31 +59,31 @@ TEST(CommandsTest, MistakesNameTheChoices) {
 TEST(CommandsTest, OptionsBelongToTheirCommands) {
   const auto& join = findCommand({L"wifi", L"join"}).command;
   const auto& list = findCommand({L"wifi", L"list"}).command;
-  EXPECT_NE(console::findOption(L"--password", &join), nullptr);
-  EXPECT_EQ(console::findOption(L"--password", &list), nullptr);
-  EXPECT_NE(console::findOption(L"--password", nullptr), nullptr);
-  EXPECT_NE(console::findOption(L"--json", &list), nullptr);
-  EXPECT_EQ(console::findOption(L"--json", &console::pollCommand()), nullptr);
-  EXPECT_NE(console::findOption(L"--log", &console::pollCommand()), nullptr);
-  EXPECT_EQ(console::findOption(L"--colour", nullptr), nullptr);
+  EXPECT_NE(examples::findOption(L"--password", &join), nullptr);
+  EXPECT_EQ(examples::findOption(L"--password", &list), nullptr);
+  EXPECT_NE(examples::findOption(L"--password", nullptr), nullptr);
+  EXPECT_NE(examples::findOption(L"--json", &list), nullptr);
+  EXPECT_EQ(examples::findOption(L"--json", &examples::pollCommand()), nullptr);
+  EXPECT_NE(examples::findOption(L"--log", &examples::pollCommand()), nullptr);
+  EXPECT_EQ(examples::findOption(L"--colour", nullptr), nullptr);
 }
 
 bool contains(const std::wstring& text, const std::wstring& part) { return text.find(part) != std::wstring::npos; }
 
 TEST(CommandsTest, HelpNamesEveryCommandAndOption) {
-  for (const auto& command : console::allCommands()) {
-    EXPECT_TRUE(contains(console::helpText(), std::wstring(L"\n  ") + command.words + L' '));
-    const auto help = console::helpText(command);
+  for (const auto& command : examples::allCommands()) {
+    EXPECT_TRUE(contains(examples::helpText(), std::wstring(L"\n  ") + command.words + L' '));
+    const auto help = examples::helpText(command);
     for (const auto& option : command.options) EXPECT_TRUE(contains(help, option.name));
-    for (const auto& option : console::generalOptions()) EXPECT_TRUE(contains(help, option.name));
+    for (const auto& option : examples::generalOptions()) EXPECT_TRUE(contains(help, option.name));
   }
   for (const auto* option : {L"--scenario FILE", L"--seconds N", L"--log", L"--help", L"--printer UID", L"--json"}) {
-    EXPECT_TRUE(contains(console::helpText(), option));
+    EXPECT_TRUE(contains(examples::helpText(), option));
   }
 }
 
 TEST(CommandsTest, HelpOfOneCommandIsItsOwn) {
-  const auto help = console::helpText(findCommand({L"wifi", L"join"}).command);
+  const auto help = examples::helpText(findCommand({L"wifi", L"join"}).command);
   EXPECT_TRUE(contains(help, L"wifi join NAME --printer UID"));
   EXPECT_TRUE(contains(help, L"PRINTER_WIFI_PASSWORD"));
   EXPECT_TRUE(contains(help, L"the limit is 60 seconds"));
@@ -91,7 +91,7 @@ TEST(CommandsTest, HelpOfOneCommandIsItsOwn) {
 }
 
 TEST(CommandsTest, HelpOfSetNamesEveryParameterWithItsLimits) {
-  const auto help = console::helpText(findCommand({L"set"}).command);
+  const auto help = examples::helpText(findCommand({L"set"}).command);
   for (const auto* line : {L"  sleep-time VALUE                a whole number from -2147483648 to 2147483647\n",
                            L"  supplies-alarm                  takes no value; is set to 0\n",
                            L"  paper-alarm VALUE               a whole number from 0 to 255\n",
@@ -102,7 +102,7 @@ TEST(CommandsTest, HelpOfSetNamesEveryParameterWithItsLimits) {
 }
 
 TEST(CommandsTest, HelpOfThePollIsItsOwn) {
-  const auto help = console::helpText(console::pollCommand());
+  const auto help = examples::helpText(examples::pollCommand());
   EXPECT_TRUE(contains(help, L"printer-console poll [OPTION...]\n"));
   EXPECT_TRUE(contains(help, L"the limit is 12 seconds"));
   EXPECT_FALSE(contains(help, L"firmware"));
@@ -110,27 +110,27 @@ TEST(CommandsTest, HelpOfThePollIsItsOwn) {
 
 TEST(CommandsTest, HelpOfAFirstWordNamesItsCommands) {
   for (const auto* first : {L"align", L"network", L"firmware", L"pushscan", L"wifi"}) {
-    const auto help = console::groupHelpText(first);
-    for (const auto& command : console::allCommands()) {
+    const auto help = examples::groupHelpText(first);
+    for (const auto& command : examples::allCommands()) {
       EXPECT_EQ(contains(help, std::wstring(L"\n  ") + command.words + L' '),
                 std::wstring(command.words).starts_with(first + std::wstring(L" ")))
           << testing::PrintToString(help);
     }
   }
-  EXPECT_EQ(console::groupHelpText(L"set"), L"");
-  EXPECT_EQ(console::groupHelpText(L"print"), L"");
+  EXPECT_EQ(examples::groupHelpText(L"set"), L"");
+  EXPECT_EQ(examples::groupHelpText(L"print"), L"");
 }
 
 TEST(CommandsTest, HelpTellsEveryExitCode) {
-  const auto help = console::helpText();
+  const auto help = examples::helpText();
   const auto codes = help.substr(help.find(L"Exit code: "));
   for (const auto* code : {L": 0 ", L"; 1 ", L"; 2 ", L"; 130 after Ctrl-C."}) EXPECT_TRUE(contains(codes, code));
 }
 
 TEST(CommandsTest, NoTwoAreTheSame) {
   std::set<std::wstring> words;
-  for (const auto& command : console::allCommands()) words.insert(command.words);
-  EXPECT_EQ(words.size(), console::allCommands().size());
+  for (const auto& command : examples::allCommands()) words.insert(command.words);
+  EXPECT_EQ(words.size(), examples::allCommands().size());
 }
 
 }  // namespace

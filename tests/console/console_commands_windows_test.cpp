@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "ConsoleTest.h"
-#include "JsonText.h"
+#include "common/JsonText.h"
 
 namespace {
 

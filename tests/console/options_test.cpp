@@ -5,13 +5,13 @@
 namespace {
 
 using Arguments = std::vector<std::wstring>;
-using console::Options;
+using examples::Options;
 using namespace std::chrono_literals;
 
 /// What a command line means, with the command by its words.
 struct Meaning {
   std::wstring command = L"poll";
-  console::Request request = {};
+  examples::Request request = {};
   std::optional<std::wstring> scenario = std::nullopt;
   std::optional<std::wstring> printer = std::nullopt;
   std::chrono::seconds limit{12};
@@ -74,7 +74,7 @@ void expectMeaning(const Options& actual, const Meaning& expected) {
 TEST(OptionsTest, GoodCommandLinesAreTaken) {
   for (const auto& [name, arguments, meaning] : kGood) {
     SCOPED_TRACE(name);
-    expectMeaning(console::parseOptions(arguments), meaning);
+    expectMeaning(examples::parseOptions(arguments), meaning);
   }
 }
 
@@ -83,18 +83,18 @@ TEST(OptionsTest, ArgumentsWithoutLogAskForTheRest) {
     if (meaning.help) continue;  // nothing is run
     SCOPED_TRACE(name);
     meaning.log = false;
-    expectMeaning(console::parseOptions(console::parseOptions(arguments).withoutLog), meaning);
+    expectMeaning(examples::parseOptions(examples::parseOptions(arguments).withoutLog), meaning);
   }
 }
 
 TEST(OptionsTest, HelpIsOfWhatIsNamed) {
-  const auto& set = console::findCommand({L"set"}).command;
-  EXPECT_EQ(console::parseOptions({L"--help"}).help, console::helpText());
-  EXPECT_EQ(console::parseOptions({L"poll", L"--help"}).help, console::helpText(console::pollCommand()));
-  EXPECT_EQ(console::parseOptions({L"--help", L"set", L"colour"}).help, console::helpText(set));
-  EXPECT_EQ(console::parseOptions({L"wifi", L"-h"}).help, console::groupHelpText(L"wifi"));
-  EXPECT_THROW(console::parseOptions({L"print", L"--help"}), console::OptionsError);
-  EXPECT_THROW(console::parseOptions({L"wifi", L"leave", L"--help"}), console::OptionsError);
+  const auto& set = examples::findCommand({L"set"}).command;
+  EXPECT_EQ(examples::parseOptions({L"--help"}).help, examples::helpText());
+  EXPECT_EQ(examples::parseOptions({L"poll", L"--help"}).help, examples::helpText(examples::pollCommand()));
+  EXPECT_EQ(examples::parseOptions({L"--help", L"set", L"colour"}).help, examples::helpText(set));
+  EXPECT_EQ(examples::parseOptions({L"wifi", L"-h"}).help, examples::groupHelpText(L"wifi"));
+  EXPECT_THROW(examples::parseOptions({L"print", L"--help"}), examples::OptionsError);
+  EXPECT_THROW(examples::parseOptions({L"wifi", L"leave", L"--help"}), examples::OptionsError);
 }
 
 struct Bad {
@@ -163,9 +163,9 @@ TEST(OptionsTest, MistakesAreToldWithWhatWouldBeRight) {
   };
   for (const auto& [arguments, expected] : bad) {
     try {
-      console::parseOptions(arguments);
+      examples::parseOptions(arguments);
       ADD_FAILURE() << "taken, instead of: " << expected;
-    } catch (const console::OptionsError& error) {
+    } catch (const examples::OptionsError& error) {
       EXPECT_EQ(error.what(), expected);
     }
   }

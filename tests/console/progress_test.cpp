@@ -5,7 +5,7 @@
 namespace {
 
 using namespace std::chrono_literals;
-using console::renderBar;
+using examples::renderBar;
 
 TEST(ProgressTest, PercentageIsABar) {
   EXPECT_EQ(renderBar(L"firmware upgrade", 0, 0ms, 79),
@@ -35,8 +35,8 @@ TEST(ProgressTest, WithoutAPercentageThereIsTheTime) {
 }
 
 TEST(ProgressTest, LineHasNoBar) {
-  EXPECT_EQ(console::renderProgress(L"firmware upgrade", 42, 1999ms), L"firmware upgrade  42 %, 1.9 s");
-  EXPECT_EQ(console::renderProgress(L"wifi list", {}, 1500ms), L"wifi list  1.5 s");
+  EXPECT_EQ(examples::renderProgress(L"firmware upgrade", 42, 1999ms), L"firmware upgrade  42 %, 1.9 s");
+  EXPECT_EQ(examples::renderProgress(L"wifi list", {}, 1500ms), L"wifi list  1.5 s");
 }
 
 }  // namespace

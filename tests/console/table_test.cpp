@@ -8,7 +8,7 @@
 namespace {
 
 using namespace std::chrono_literals;
-using console::Row;
+using examples::Row;
 using Lines = std::vector<std::wstring>;
 
 constexpr std::size_t kWide = 130;
@@ -24,7 +24,7 @@ Row newRow(const std::wstring& name = L"Desk printer") {
 /// As after one notice of a run that has read the printer.
 Row readRow() {
   auto row = newRow();
-  row.last = console::Reading{};
+  row.last = examples::Reading{};
   row.last->state.queried = true;
   row.last->state.jobs = 2;
   row.last->deviceStatus = 3;
@@ -35,13 +35,13 @@ Row readRow() {
   return row;
 }
 
-std::wstring tableRow(const Row& row, std::size_t width = kWide) { return console::renderTable({row}, width, kTall).at(1); }
+std::wstring tableRow(const Row& row, std::size_t width = kWide) { return examples::renderTable({row}, width, kTall).at(1); }
 
 TEST(TableTest, HasHeadingsAndOneLinePerPrinter) {
   auto network = readRow();
   network.connectionKind = 1;
   network.last->deviceStatus = 0;
-  EXPECT_EQ(console::renderTable({readRow(), network}, kWide, kTall),
+  EXPECT_EQ(examples::renderTable({readRow(), network}, kWide, kTall),
             (Lines{
                 L"PRINTER               CONNECTION  STATUS        JOBS   QUERIED       LAST NOTICE  SUPPLIES",
                 L"Desk printer          USB         status 3      2      yes           1.2 s        black 62% cyan 48%",
@@ -49,7 +49,7 @@ TEST(TableTest, HasHeadingsAndOneLinePerPrinter) {
             }));
 }
 
-TEST(TableTest, WithoutPrintersThereAreTheHeadings) { EXPECT_EQ(console::renderTable({}, kWide, kTall).size(), 1U); }
+TEST(TableTest, WithoutPrintersThereAreTheHeadings) { EXPECT_EQ(examples::renderTable({}, kWide, kTall).size(), 1U); }
 
 TEST(TableTest, BeforeTheFirstNoticeNothingIsKnown) {
   EXPECT_EQ(tableRow(newRow()), L"Desk printer          USB         -             -      -             none yet     -");
@@ -86,7 +86,7 @@ TEST(TableTest, WhatDoesNotFitItsColumnIsCut) {
 
 TEST(TableTest, NoLineIsLongerThanTheWindow) {
   for (std::size_t width = 1; width <= kWide; ++width) {
-    for (const auto& line : console::renderTable({readRow(), newRow()}, width, 2)) EXPECT_LE(line.size(), width);
+    for (const auto& line : examples::renderTable({readRow(), newRow()}, width, 2)) EXPECT_LE(line.size(), width);
   }
   EXPECT_EQ(tableRow(readRow(), 90),
             L"Desk printer          USB         status 3      2      yes           1.2 s        black 6~");
@@ -94,11 +94,11 @@ TEST(TableTest, NoLineIsLongerThanTheWindow) {
 
 TEST(TableTest, PrintersWithoutRoomAreCounted) {
   const std::vector<Row> rows(5, newRow());
-  EXPECT_EQ(console::renderTable(rows, kWide, 6).size(), 6U);
-  const auto lines = console::renderTable(rows, kWide, 5);
+  EXPECT_EQ(examples::renderTable(rows, kWide, 6).size(), 6U);
+  const auto lines = examples::renderTable(rows, kWide, 5);
   ASSERT_EQ(lines.size(), 5U);
   EXPECT_EQ(lines.back(), L"and 2 more, for which there is no room");
-  EXPECT_EQ(console::renderTable(rows, kWide, 2).back(), L"and 5 more, for which there is no room");
+  EXPECT_EQ(examples::renderTable(rows, kWide, 2).back(), L"and 5 more, for which there is no room");
 }
 
 TEST(TableTest, CharactersThatWouldSteerTheTerminalAreReplaced) {
@@ -106,9 +106,9 @@ TEST(TableTest, CharactersThatWouldSteerTheTerminalAreReplaced) {
   row.name = L"Desk\r\n\x1b[2J";
   row.last->supplies = {{L"bl\nack", 62}};
   EXPECT_EQ(tableRow(row), L"Desk???[2J            USB         status 3      2      yes           1.2 s        bl?ack 62%");
-  EXPECT_NE(console::renderSummary({row})[0].find(L"Desk???[2J: "), std::wstring::npos);
+  EXPECT_NE(examples::renderSummary({row})[0].find(L"Desk???[2J: "), std::wstring::npos);
   row.uid = L"a\x1b[H";
-  EXPECT_NE(console::renderLine(row, 0s).find(L"a?[H"), std::wstring::npos);
+  EXPECT_NE(examples::renderLine(row, 0s).find(L"a?[H"), std::wstring::npos);
 }
 
 TEST(TableTest, CutDoesNotSplitACharacterOfTwoUnits) {
@@ -123,22 +123,22 @@ TEST(TableTest, ThousandsOfSuppliesAndEndlessTextsAreCut) {
   row.last->supplies.assign(1, {std::wstring(100000, L'x'), 1});
   EXPECT_EQ(tableRow(row).size(), kWide);
   EXPECT_EQ(tableRow(row).back(), L'~');
-  EXPECT_LT(console::renderLine(row, 0s).size(), 200U);
+  EXPECT_LT(examples::renderLine(row, 0s).size(), 200U);
   row.name = std::wstring(4096, L'n');
-  EXPECT_LT(console::renderSummary({row})[0].size(), 200U);
+  EXPECT_LT(examples::renderSummary({row})[0].size(), 200U);
 }
 
 TEST(LineTest, SaysTheSameAsTheTable) {
-  EXPECT_EQ(console::renderLine(readRow(), 12345ms),
+  EXPECT_EQ(examples::renderLine(readRow(), 12345ms),
             L"12.3 s  usb-desk  USB, status 3, jobs 2, queried yes, last notice 1.2 s, supplies black 62% cyan 48%");
-  EXPECT_EQ(console::renderLine(newRow(), 0ms),
+  EXPECT_EQ(examples::renderLine(newRow(), 0ms),
             L"0.0 s  usb-desk  USB, -, jobs -, queried -, last notice none yet, supplies -");
 }
 
 TEST(LineTest, JobsThatCouldNotBeReadAreWords) {
   auto row = readRow();
   row.last->state.jobs = -1;
-  EXPECT_EQ(console::renderLine(row, 12345ms),
+  EXPECT_EQ(examples::renderLine(row, 12345ms),
             L"12.3 s  usb-desk  USB, status 3, jobs could not be read, queried yes, last notice 1.2 s, supplies black 62% cyan "
             L"48%");
 }
@@ -150,11 +150,11 @@ TEST(SummaryTest, CountsEachPrinterAndAll) {
   first.failures = 2;
   auto second = newRow(L"Second");
   second.notices = 1;
-  EXPECT_EQ(console::renderSummary({first, second}), (Lines{
-                                                         L"First: notices 10, state reads 5, of these failed 2",
-                                                         L"Second: notices 1, state reads 0, of these failed 0",
-                                                         L"All together: notices 11, state reads 5, of these failed 2",
-                                                     }));
+  EXPECT_EQ(examples::renderSummary({first, second}), (Lines{
+                                                          L"First: notices 10, state reads 5, of these failed 2",
+                                                          L"Second: notices 1, state reads 0, of these failed 0",
+                                                          L"All together: notices 11, state reads 5, of these failed 2",
+                                                      }));
 }
 
 }  // namespace
