@@ -59,6 +59,8 @@ class ChildProcess {
 
   /// Its exit code, once its output has ended as well; none when that takes longer.
   [[nodiscard]] std::optional<std::uint32_t> wait(std::chrono::milliseconds limit = kPatience) const;
+  /// As the system counts processes: to find its windows by.
+  std::uint32_t id() const { return ::GetProcessId(m_process.get()); }
   /// What it has written so far.
   std::string output() const { return m_output.text(); }
   std::string errors() const { return m_errors.text(); }
