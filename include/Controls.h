@@ -294,9 +294,9 @@ class APPCOMM_API EditCPwd : public EditBase {
   void Clear();
 };
 
-/// A text; base of the labels. `SetWindowTextW` changes it, `WM_SETFONT` its font, and its color is the one that the parent sets
-/// when it is asked by `WM_CTLCOLORSTATIC`. Where the rectangle has room for two lines or more, a long text is wrapped from the
-/// top; what does not fit is cut with dots.
+/// A text; base of the labels. `SetWindowTextW` changes it, `WM_SETFONT` its font, and its color is the one that the parent
+/// sets when it is asked by `WM_CTLCOLORSTATIC`. Where the rectangle has room for two lines or more, a long text is wrapped
+/// from the top; what does not fit is cut with dots.
 class APPCOMM_API Label : public CtrlWnd {
  public:
   Label(const qzstd::Rect& rect, const qzstd::Text* text);

@@ -75,10 +75,11 @@ int radiusOf(const RECT& area, const ButtonLook& look) {
   return look.round ? std::min(area.right, area.bottom) / 2 : theme::kRadius;
 }
 
-void drawGround(HDC dc, const RECT& area, const ButtonFace& face, const Colors& colors) {
+void drawGround(HDC dc, const RECT& area, const ButtonFace& face, std::uint32_t flags, const Colors& colors) {
   const int radius = radiusOf(area, face.look);
   if (face.look.ground == Ground::kGradual) {
-    fillRoundGradual(dc, area, radius, colors.ground, mixed(colors.ground, theme::kText, 30));
+    const int shade = isSet(flags, kDisabled) ? 6 : 30;  // a pale caption is not to be lost in it
+    fillRoundGradual(dc, area, radius, colors.ground, mixed(colors.ground, theme::kText, shade));
   } else if (hasFrame(face.look)) {
     fillRound(dc, area, radius, colors.ground, colors.frame);
   } else if (colors.filled) {
@@ -176,7 +177,7 @@ void drawButton(HDC dc, const RECT& area, const ButtonFace& face, std::uint32_t 
   const auto& look = face.look;
   const Colors colors = colorsOf(face, flags, ::GetPixel(dc, 0, 0));
   const Places places = placesOf(dc, area, face);
-  drawGround(dc, area, face, colors);
+  drawGround(dc, area, face, flags, colors);
   if (look.entry && face.on) drawBar(dc, area, colors);
   if (hasMark(look)) drawMark(dc, places.mark, face, flags, colors);
   drawText(dc, places.caption, face.text, colors.ink, DT_LEFT, fontOf(look));
