@@ -28,8 +28,9 @@ namespace BaseWnd {
 
 /// A thin wrapper around one window handle.
 ///
-/// `Notice` is called on the module's threads; every other member belongs to the thread of the window. The wrapper does not own
-/// the window: this class destroys nothing. The virtual operations stand in the order of the exported virtual table.
+/// `Notice` is called on the module's threads, and the two senders may be called on any; every other member belongs to the
+/// thread of the window. The wrapper does not own the window: this class destroys nothing. The virtual operations stand in the
+/// order of the exported virtual table.
 class APPCOMM_API BaseWindow {
  public:
   BaseWindow() = default;
@@ -40,7 +41,8 @@ class APPCOMM_API BaseWindow {
   /// Does nothing here; derived classes destroy their window.
   virtual void Destroy();
   /// A task's result is ready. `code` is the one given to the task. False: no further results are wanted, and the task is
-  /// dropped. Runs on a handler's thread, which waits for it: forward with `AppWnd::CWnd::ThreadToSelf` and return.
+  /// dropped. Runs on a handler's thread, which waits for it: forward with `AppWnd::CWnd::ThreadToSelf` and return. An
+  /// exception that leaves it ends the process, also the one of a `ThreadToSelf` that gets no thread.
   virtual bool Notice(long code) const;
   /// Sends a message to the parent window, or to the window itself, and waits for the answer, which is returned.
   virtual __int64 SendParentMsg(unsigned msg, unsigned __int64 wParam, __int64 lParam) const;

@@ -9,8 +9,9 @@
 /// The control library's classes: what an application puts into its windows.
 ///
 /// A control is made without a window; `Create` makes the window, as a child of `parent`, at the rectangle that the constructor
-/// was given (and whose address is kept), and is true when there is one. Every member may be called before `Create` and after
-/// the window is gone: the object keeps what it was told. All members belong to the thread of the window.
+/// was given (and whose address is kept), and is true when there is one. Every member of a control class itself may be called
+/// before `Create` and after the window is gone: the object keeps what it was told. (Those of the bases act on the window
+/// alone.) All members belong to the thread of the window.
 ///
 /// A control tells its parent by `WM_COMMAND`: the low word is its identifier (0 where the constructor takes none), the high
 /// word what happened, `lParam` the control's window. What happened is named as for the system's own controls: buttons
@@ -217,7 +218,8 @@ class APPCOMM_API ComBox : public CtrlWnd {
   void SetScrollRect(const qzstd::Rect& rect);
   /// The height of an entry, in pixels, at least 1.
   void SetWndItem(std::int32_t height);
-  /// Where the list drops down, in the parent's client area; all zero: below the box, as high as its entries, at most 8.
+  /// Where the list drops down, in the parent's client area; all zero: below the box, or above it
+  /// where the screen ends, as high as its entries, at most 8.
   void SetWndRect(const qzstd::Rect& rect);
 
  private:
