@@ -192,6 +192,7 @@ ComBox::ComBox(std::int32_t id, const qzstd::Rect& rect) : CtrlWnd(rect), m_stat
 ComBox::~ComBox() { m_state->list.Destroy(); }
 
 bool ComBox::Create(HWND parent) {
+  if (IsWindow()) return true;
   const bool isDisabled = (m_flags & controls::kDisabled) != 0;
   m_flags = 0;
   if (!controls::newWindow(*this, parent, rect(), m_id, L"", true)) return false;

@@ -263,6 +263,7 @@ EditBase::EditBase(const qzstd::Rect& rect, const qzstd::Text* text, const Kind&
 EditBase::~EditBase() = default;
 
 bool EditBase::Create(HWND parent) {
+  if (IsWindow()) return true;
   // The system keeps no text for the window: it would keep a password, too.
   m_flags = 0;
   if (!controls::newWindow(*this, parent, rect(), m_id, L"", true)) return false;

@@ -137,6 +137,7 @@ Scroll::Scroll(const qzstd::Rect& rect) : CtrlWnd(rect), m_state(std::make_uniqu
 Scroll::~Scroll() = default;
 
 bool Scroll::Create(HWND parent) {
+  if (IsWindow()) return true;
   const bool isDisabled = (m_flags & controls::kDisabled) != 0;
   m_flags = 0;
   if (!controls::newWindow(*this, parent, rect(), m_id, L"", false)) return false;

@@ -103,6 +103,7 @@ Slider::Slider(std::int32_t id, const qzstd::Rect& rect) : CtrlWnd(rect), m_stat
 Slider::~Slider() = default;
 
 bool Slider::Create(HWND parent) {
+  if (IsWindow()) return true;
   const bool isDisabled = !GetEnable();
   m_flags = 0;
   if (!controls::newWindow(*this, parent, rect(), m_id, L"", true)) return false;

@@ -111,6 +111,24 @@ TEST(Layout, TheTwoValuesOfADialogBoxFollowTheHandle) {
   EXPECT_EQ(at<std::uint32_t>(&values, 20), 0x22222222U);
 }
 
+template <class Base>
+class Window : public Base {
+ public:
+  using Base::Base;
+  bool Create(HWND /*parent*/) override { return false; }
+  __int64 RunProc(unsigned /*msg*/, unsigned __int64 /*wParam*/, __int64 /*lParam*/) override { return 0; }
+};
+
+TEST(Layout, TheRectanglesAddressComesLast) {
+  const qzstd::Rect rect;
+  const Window<CWnd> window(rect);
+  const Window<CDlgWnd> dialog(rect);
+  const Window<CtrlWnd> control(rect);
+  EXPECT_EQ(at<const qzstd::Rect*>(&window, 16), &rect);
+  EXPECT_EQ(at<const qzstd::Rect*>(&dialog, 16), &rect);
+  EXPECT_EQ(at<const qzstd::Rect*>(&control, 24), &rect);
+}
+
 TEST(Layout, AControlIsAllZeroAfterConstruction) {
   alignas(BaseCtrlStd) unsigned char memory[sizeof(BaseCtrlStd)];
   std::memset(memory, 0xAB, sizeof memory);

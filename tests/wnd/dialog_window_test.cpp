@@ -74,6 +74,26 @@ TEST(BaseDlgWnd, DestructorDestroysTheWindow) {
   EXPECT_EQ(callsOfDestruction(nullptr, true), Calls{});
 }
 
+class SaysItIsNoWindow : public Dialog {
+ public:
+  bool IsWindow() const override { return false; }
+};
+
+TEST(BaseDlgWnd, DestroyAsksTheTableWhetherThereIsAWindow) {
+  OnWindow<SaysItIsNoWindow> on;
+  on.platform.answer("IsWindow", 1);
+  on.window.Destroy();
+  EXPECT_TRUE(on.platform.calls().empty());
+}
+
+TEST(BaseDlgWnd, DestructorAsksItsOwnClassWhetherThereIsAWindow) {
+  WindowCalls platform;
+  const fakes::Installed installed(platform);
+  platform.answer("IsWindow", 1);
+  { SaysItIsNoWindow().SetWnd(handle(1)); }
+  EXPECT_EQ(platform.calls(), (Calls{"IsWindow(1)", "DestroyWindow(1)"}));
+}
+
 // A platform that keeps the dialog's user data and sends its messages, as far as a test asks for them.
 class DialogPlatform : public WindowCalls {
  public:

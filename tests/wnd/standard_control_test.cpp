@@ -54,6 +54,18 @@ TEST(BaseCtrlStd, IsFalseWithoutAControl) {
   EXPECT_EQ(control.GetWnd(), nullptr);
 }
 
+TEST(BaseCtrlStd, GoesAllTheWayAlsoWithoutAControl) {
+  ControlPlatform platform;
+  platform.answer("GetDlgItem", 0);
+  const fakes::Installed installed(platform);
+  BaseCtrlStd control;
+  control.GetDlgItem(handle(4), 1001);
+  ASSERT_EQ(platform.calls().size(), 3U);
+  EXPECT_EQ(platform.calls()[0], "GetDlgItem(4, 1001)");
+  EXPECT_EQ(platform.calls()[1].substr(0, 28), "SetWindowLongPtrW(null, -21,");
+  EXPECT_EQ(platform.calls()[2].substr(0, 27), "SetWindowLongPtrW(null, -4,");
+}
+
 TEST(BaseCtrlStd, RestoresAndDestroysNothing) {
   ControlPlatform platform;
   const fakes::Installed installed(platform);
