@@ -33,7 +33,7 @@ class PanelTest : public testing::Test {
   /// With these printers, chosen the first, until all of them are in the list.
   void start(const std::vector<std::string>& printers);
   /// With a scenario's text, which may have a mistake. Waits for nothing.
-  void startWith(const std::string& scenario);
+  void startWith(const std::string& scenario, const std::vector<std::wstring>& options = {});
 
   const support::ChildProcess& panel() const { return *m_panel; }
   /// The panel's window; null when there is none in time. A message box is found by its class.

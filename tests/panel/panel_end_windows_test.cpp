@@ -72,4 +72,16 @@ TEST_F(PanelTest, MistakeInTheScenarioIsToldWithItsLine) {
   EXPECT_EQ(panel().wait(kSoon), 2U);
 }
 
+TEST_F(PanelTest, MistakeInTheScenarioIsWrittenWhereNobodyIsThereToReadABox) {
+  startWith("<scenario>\n  <printer uid='p' manager-id='m' connection='wifi'/>\n</scenario>\n", {L"--unattended"});
+  EXPECT_EQ(panel().wait(kSoon), 2U);
+  EXPECT_NE(panel().errors().find("scenario.xml:2: "), std::string::npos) << panel().errors();
+}
+
+TEST_F(PanelTest, UnknownOptionIsToldWithTheRightOnes) {
+  startWith("<scenario/>", {L"--unattended", L"--color"});
+  EXPECT_EQ(panel().wait(kSoon), 2U);
+  EXPECT_NE(panel().errors().find("takes --scenario FILE"), std::string::npos) << panel().errors();
+}
+
 }  // namespace

@@ -86,11 +86,12 @@ void PanelTest::start(const std::vector<std::string>& printers) {
   ASSERT_TRUE(eventually([&] { return visibleControl(m_window, last) != nullptr; }));
 }
 
-void PanelTest::startWith(const std::string& scenario) {
+void PanelTest::startWith(const std::string& scenario, const std::vector<std::wstring>& options) {
   const auto file = m_folder / L"scenario.xml";
   std::ofstream(file, std::ios::binary) << scenario;
-  m_panel =
-      std::make_unique<support::ChildProcess>(L"printer-panel.exe", std::vector<std::wstring>{L"--scenario", file.wstring()});
+  std::vector<std::wstring> arguments{L"--scenario", file.wstring()};
+  arguments.insert(arguments.end(), options.begin(), options.end());
+  m_panel = std::make_unique<support::ChildProcess>(L"printer-panel.exe", arguments);
 }
 
 HWND PanelTest::awaitWindow(const std::wstring& className) const {
