@@ -10,6 +10,15 @@
 
 #include "AppWindow.h"
 
+/// What a window draws: row by row, as 0x00RRGGBB.
+using Pixels = std::vector<std::uint32_t>;
+
+/// A color of the platform as the pictures have it.
+std::uint32_t asPixel(COLORREF color);
+std::wstring textOf(HWND window);
+/// In the client area of its parent, or of its owner.
+RECT placeOf(HWND window);
+
 /// A window to put controls into. Its thread is the test's own: messages are sent, and handled at once.
 class ControlTest : public testing::Test {
  protected:
@@ -37,10 +46,10 @@ class ControlTest : public testing::Test {
   void key(HWND window, unsigned virtualKey);
   void type(HWND window, const std::wstring& text);
 
-  /// What the window draws: its pixels, row by row, as 0x00RRGGBB. Without a screen. With a margin around it of pixels that are
-  /// `kUntouched` unless the window draws outside its area.
+  /// What the window draws, without a screen. With a margin around it of pixels that are `kUntouched` unless the window draws
+  /// outside its area.
   static constexpr std::uint32_t kUntouched = 0xfe01fd;
-  std::vector<std::uint32_t> picture(HWND window, int margin = 0);
+  Pixels picture(HWND window, int margin = 0);
   std::set<std::uint32_t> colors(HWND window);
 
  private:

@@ -1,9 +1,27 @@
 #include "controls/ControlTest.h"
 
 #include <algorithm>
+#include <array>
 
 namespace {
 constexpr const wchar_t* kClass = L"AppCommunicationControlTest";
+}
+
+std::uint32_t asPixel(COLORREF color) {
+  return (std::uint32_t{GetRValue(color)} << 16) | (std::uint32_t{GetGValue(color)} << 8) | std::uint32_t{GetBValue(color)};
+}
+
+std::wstring textOf(HWND window) {
+  std::array<wchar_t, 128> units{};
+  const int length = ::GetWindowTextW(window, units.data(), static_cast<int>(units.size()));
+  return {units.data(), static_cast<std::size_t>(length)};
+}
+
+RECT placeOf(HWND window) {
+  RECT place{};
+  ::GetWindowRect(window, &place);
+  ::MapWindowPoints(nullptr, ::GetParent(window), reinterpret_cast<POINT*>(&place), 2);
+  return place;
 }
 
 ControlTest::ControlTest() {
@@ -56,7 +74,7 @@ void ControlTest::type(HWND window, const std::wstring& text) {
   for (const wchar_t unit : text) ::SendMessageW(window, WM_CHAR, unit, 1);
 }
 
-std::vector<std::uint32_t> ControlTest::picture(HWND window, int margin) {
+Pixels ControlTest::picture(HWND window, int margin) {
   RECT area{};
   ::GetClientRect(window, &area);
   const int width = area.right + 2 * margin;
@@ -76,7 +94,7 @@ std::vector<std::uint32_t> ControlTest::picture(HWND window, int margin) {
   ::SetViewportOrgEx(dc, margin, margin, nullptr);
   ::SendMessageW(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT);
   ::GdiFlush();
-  std::vector<std::uint32_t> copy(pixels, pixels + width * height);
+  Pixels copy(pixels, pixels + width * height);
   for (auto& pixel : copy) pixel &= 0xffffff;
   ::SelectObject(dc, former);
   ::DeleteObject(bitmap);

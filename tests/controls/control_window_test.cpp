@@ -35,9 +35,7 @@ class ControlWindow : public ControlTest {
 };
 
 TEST_F(ControlWindow, IsAVisibleChildAtItsRectangle) {
-  RECT place{};
-  ::GetWindowRect(control->GetWnd(), &place);
-  ::MapWindowPoints(nullptr, parent(), reinterpret_cast<POINT*>(&place), 2);
+  const RECT place = placeOf(control->GetWnd());
   EXPECT_EQ((std::vector<LONG>{place.left, place.top, place.right, place.bottom}), (std::vector<LONG>{10, 20, 110, 50}));
   EXPECT_EQ(control->GetParentWnd(), parent());
   EXPECT_TRUE(control->IsVisible());

@@ -7,14 +7,6 @@
 
 namespace {
 
-using Pixels = std::vector<std::uint32_t>;
-
-std::wstring textOf(HWND window) {
-  wchar_t text[128]{};
-  ::GetWindowTextW(window, text, 128);
-  return text;
-}
-
 bool isDirty(const BaseWnd::BaseWindow& label) { return ::GetUpdateRect(label.GetWnd(), nullptr, FALSE) != 0; }
 
 constexpr std::uint32_t kGreen = 0x0ac81e;

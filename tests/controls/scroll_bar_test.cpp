@@ -14,10 +14,6 @@ constexpr COLORREF kOver = RGB(4, 5, 6);
 constexpr COLORREF kUp = RGB(7, 8, 9);
 constexpr COLORREF kGround = RGB(10, 11, 12);
 
-std::uint32_t pixel(COLORREF color) {
-  return (std::uint32_t{GetRValue(color)} << 16) | (std::uint32_t{GetGValue(color)} << 8) | std::uint32_t{GetBValue(color)};
-}
-
 class ScrollBar : public ControlTest {
  protected:
   using Told = std::vector<std::pair<UINT, WPARAM>>;
@@ -171,27 +167,27 @@ TEST_F(ScrollBar, HasTheColorsItWasTold) {
   scroll.SetMouseMoveColor(kOver);
   scroll.SetMouseUpColor(kUp);
   scroll.SetBgColor(kGround);
-  EXPECT_EQ(thumbColor(), pixel(kUp));
-  EXPECT_EQ(picture(window)[150 * 12 + 6], pixel(kGround));
+  EXPECT_EQ(thumbColor(), asPixel(kUp));
+  EXPECT_EQ(picture(window)[150 * 12 + 6], asPixel(kGround));
   moveMouse(window, 5, 10);
-  EXPECT_EQ(thumbColor(), pixel(kOver));
+  EXPECT_EQ(thumbColor(), asPixel(kOver));
   moveMouse(window, 5, 150);
-  EXPECT_EQ(thumbColor(), pixel(kUp)) << "beside the thumb";
+  EXPECT_EQ(thumbColor(), asPixel(kUp)) << "beside the thumb";
   press(window, 5, 10);
-  EXPECT_EQ(thumbColor(), pixel(kDown));
+  EXPECT_EQ(thumbColor(), asPixel(kDown));
   release(window, 5, 10);
-  EXPECT_EQ(thumbColor(), pixel(kUp));
+  EXPECT_EQ(thumbColor(), asPixel(kUp));
   scroll.Disable();
   const auto pale = thumbColor();
-  EXPECT_NE(pale, pixel(kUp));
-  EXPECT_NE(pale, pixel(kGround));
+  EXPECT_NE(pale, asPixel(kUp));
+  EXPECT_NE(pale, asPixel(kGround));
 }
 
 TEST_F(ScrollBar, HasNoThumbWhenAllIsSeen) {
   scroll.SetMouseUpColor(kUp);
-  EXPECT_TRUE(colors(window).contains(pixel(kUp)));
+  EXPECT_TRUE(colors(window).contains(asPixel(kUp)));
   set(SIF_ALL, 0, 99, 100, 0);
-  EXPECT_FALSE(colors(window).contains(pixel(kUp)));
+  EXPECT_FALSE(colors(window).contains(asPixel(kUp)));
   EXPECT_EQ(scroll.GetThumbSize(), kLength);
 }
 
@@ -229,7 +225,7 @@ TEST_F(ControlTest, ScrollBarKeepsWhatItIsToldWithoutAWindow) {
   };
   callAll();
   ASSERT_TRUE(scroll.Create(parent()));
-  EXPECT_TRUE(colors(scroll.GetWnd()).contains(pixel(kUp)));
+  EXPECT_TRUE(colors(scroll.GetWnd()).contains(asPixel(kUp)));
   scroll.Disable();
   press(scroll.GetWnd(), 5, 60);
   scroll.Destroy();
