@@ -1,6 +1,8 @@
 /// The three window procedures of the control library: they find the object behind a window and give it the message. And the
 /// `Destroy` that it supplies.
 
+#include <typeinfo>
+
 #include "AppWindow.h"
 #include "BaseWindow.h"
 
@@ -27,7 +29,13 @@ __int64 BaseDlgWnd::Proc(HWND window, unsigned msg, unsigned __int64 wParam, __i
 
 __int64 BaseDlgBox::Proc(HWND window, unsigned msg, unsigned __int64 wParam, __int64 lParam) {
   auto* dialog = dialogOf<BaseDlgBox>(window, msg, lParam);
-  return dialog == nullptr ? FALSE : dialog->RunProc(msg, wParam, lParam);
+  if (dialog == nullptr) return FALSE;
+  // Told to end, a box has let go of its handle and still hears its last messages, so the handle says nothing here. Of this
+  // very type an object is only while its destructor ends the dialog: it has no `RunProc` any more, and later messages meet no
+  // object.
+  if (typeid(*dialog) != typeid(BaseDlgBox)) return dialog->RunProc(msg, wParam, lParam);
+  ::SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+  return FALSE;
 }
 
 __int64 BaseCtrlStd::Proc(HWND window, unsigned msg, unsigned __int64 wParam, __int64 lParam) {

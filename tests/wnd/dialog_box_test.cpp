@@ -1,7 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <memory>
+
 #include "BaseWindow.h"
-#include "wnd/WindowCalls.h"
+#include "wnd/DialogPlatform.h"
 
 namespace {
 
@@ -10,7 +12,12 @@ class Box : public BaseWnd::BaseDlgBox {
   explicit Box(long first = 0, long second = 0) : BaseDlgBox(first, second) {}
   using BaseDlgBox::EndDialog;
   bool Create(HWND parent) override { return BaseDlgBox::Create(handle<HINSTANCE>(5), parent, 77); }
-  __int64 RunProc(unsigned /*msg*/, unsigned __int64 /*wParam*/, __int64 /*lParam*/) override { return 0; }
+  __int64 RunProc(unsigned msg, unsigned __int64 /*wParam*/, __int64 /*lParam*/) override {
+    messages.push_back(msg);
+    return 12;
+  }
+  std::vector<unsigned> messages;
+
   long first() const { return m_first; }
   long second() const { return m_second; }
 };
@@ -80,6 +87,35 @@ TEST(BaseDlgBox, DestructorEndsTheDialogWithOne) {
   platform.answer("IsWindow", 1);
   { Box().SetWnd(handle(1)); }
   EXPECT_EQ(platform.calls(), (Calls{"IsWindow(1)", "EndDialog(1, 1)"}));
+}
+
+class BoxProcedureTest : public testing::Test {
+ protected:
+  BoxProcedureTest() {
+    platform.answer("IsWindow", 1);
+    box->Create(nullptr);
+    procedure = platform.dialogProcedure;
+    procedure(handle(9), WM_INITDIALOG, 0, platform.dialogParameter);
+  }
+
+  DialogPlatform platform;
+  const fakes::Installed installed{platform};
+  std::unique_ptr<Box> box = std::make_unique<Box>();
+  DLGPROC procedure = nullptr;
+};
+
+TEST_F(BoxProcedureTest, GivesMessagesToTheBoxAlsoAfterItWasToldToEnd) {
+  EXPECT_EQ(box->GetWnd(), handle(9));
+  box->EndDialog(2);
+  EXPECT_EQ(box->GetWnd(), nullptr);
+  EXPECT_EQ(procedure(handle(9), DialogPlatform::kDestroyed, 0, 0), 12);
+  EXPECT_EQ(box->messages, (std::vector<unsigned>{WM_INITDIALOG, DialogPlatform::kHidden, DialogPlatform::kDestroyed}));
+}
+
+TEST_F(BoxProcedureTest, DestructorGivesTheLastMessagesToNobody) {
+  box.reset();  // the class that has a RunProc is gone by the time the dialog is ended
+  EXPECT_EQ(platform.whileEnding, FALSE);
+  EXPECT_EQ(procedure(handle(9), DialogPlatform::kDestroyed, 0, 0), FALSE);
 }
 
 }  // namespace

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <optional>
+#include <memory>
 
 #include "BaseWindow.h"
-#include "wnd/WindowCalls.h"
+#include "wnd/DialogPlatform.h"
 
 namespace {
 
@@ -94,25 +94,6 @@ TEST(BaseDlgWnd, DestructorAsksItsOwnClassWhetherThereIsAWindow) {
   EXPECT_EQ(platform.calls(), (Calls{"IsWindow(1)", "DestroyWindow(1)"}));
 }
 
-// A platform that keeps the dialog's user data and sends its messages, as far as a test asks for them.
-class DialogPlatform : public WindowCalls {
- public:
-  LONG_PTR SetWindowLongPtrW(HWND window, int index, LONG_PTR value) override {
-    WindowCalls::SetWindowLongPtrW(window, index, value);
-    return index == GWLP_USERDATA ? std::exchange(m_userData, value) : 0;
-  }
-  LONG_PTR GetWindowLongPtrW(HWND /*window*/, int index) override { return index == GWLP_USERDATA ? m_userData : 0; }
-  BOOL DestroyWindow(HWND window) override {
-    whileDestroying = dialogProcedure(window, 2, 0, 0);
-    return WindowCalls::DestroyWindow(window);
-  }
-
-  std::optional<INT_PTR> whileDestroying;
-
- private:
-  LONG_PTR m_userData = 0;
-};
-
 class DialogProcedureTest : public testing::Test {
  protected:
   DialogProcedureTest() {
@@ -156,7 +137,7 @@ TEST_F(DialogProcedureTest, DestroyStillGivesTheLastMessagesToTheDialog) {
 TEST_F(DialogProcedureTest, DestructorGivesTheLastMessagesToNobody) {
   initialise();
   dialog.reset();  // the class that has a RunProc is gone by the time the window is destroyed
-  EXPECT_EQ(platform.whileDestroying, FALSE);
+  EXPECT_EQ(platform.whileEnding, FALSE);
 }
 
 }  // namespace

@@ -2,12 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "AppWindow.h"
 #include "BaseWindow.h"
+#include "wnd/ControlFields.h"
 
 namespace {
 
@@ -175,6 +179,62 @@ TEST(RealDialogBox, RunsUntilItEndsAndIsTrueForOneOnly) {
 
 TEST(RealDialogBox, DestroyEndsItWithOne) { EXPECT_TRUE(Box(Box::kByDestroy).Create(nullptr)); }
 
+/// Tells what it heard at its end, and lets a test do something once it runs.
+class Talkative : public BaseWnd::BaseDlgBox {
+ public:
+  Talkative(std::function<void()> onceItRuns, std::vector<unsigned>& messages)
+      : BaseDlgBox(0, 0), m_onceItRuns(std::move(onceItRuns)), m_messages(messages) {}
+  bool Create(HWND parent) override { return BaseDlgBox::Create(ownInstance(), parent, kDialog); }
+  __int64 RunProc(unsigned msg, unsigned __int64 /*wParam*/, __int64 /*lParam*/) override {
+    m_messages.push_back(msg);
+    if (msg == WM_INITDIALOG) ::PostMessageW(GetWnd(), WM_APP, 0, 0);
+    if (msg == WM_APP) std::exchange(m_onceItRuns, nullptr)();
+    return FALSE;
+  }
+
+ private:
+  std::function<void()> m_onceItRuns;
+  std::vector<unsigned>& m_messages;
+};
+
+/// Counts what a window procedure does to memory that is not there: the system may go on after that as if nothing had been.
+class AccessViolations {
+ public:
+  AccessViolations() : m_handler(::AddVectoredExceptionHandler(1, note)) { s_count = 0; }
+  ~AccessViolations() { ::RemoveVectoredExceptionHandler(m_handler); }
+  AccessViolations(const AccessViolations&) = delete;
+  AccessViolations& operator=(const AccessViolations&) = delete;
+
+  int count() const { return s_count; }
+
+ private:
+  static LONG CALLBACK note(EXCEPTION_POINTERS* exception) {
+    if (exception->ExceptionRecord->ExceptionCode == EXCEPTION_ACCESS_VIOLATION) ++s_count;
+    return EXCEPTION_CONTINUE_SEARCH;
+  }
+
+  inline static int s_count = 0;
+  void* const m_handler;
+};
+
+TEST(RealDialogBox, HearsItsLastMessagesAfterItWasToldToEnd) {
+  std::vector<unsigned> messages;
+  std::unique_ptr<Talkative> box;
+  box = std::make_unique<Talkative>([&box] { box->Destroy(); }, messages);
+  EXPECT_TRUE(box->Create(nullptr));
+  EXPECT_EQ(std::ranges::count(messages, unsigned{WM_DESTROY}), 1);
+}
+
+TEST(RealDialogBox, EndsWithItsObjectAndItsLastMessagesMeetNobody) {
+  const AccessViolations violations;
+  std::vector<unsigned> messages;
+  std::unique_ptr<Talkative> box;
+  box = std::make_unique<Talkative>([&box] { box.reset(); }, messages);
+  EXPECT_TRUE(box->Create(nullptr));
+  EXPECT_EQ(messages.back(), unsigned{WM_APP});
+  EXPECT_EQ(violations.count(), 0);
+}
+
 /// An edit of the system, which writes in capitals what is typed.
 class Capitals : public BaseWnd::BaseCtrlStd {
  public:
@@ -193,10 +253,23 @@ TEST_F(RealDialog, ControlIsTakenOverAndDoesTheRestAsBefore) {
   window->Destroy();  // before the object that its messages go to
 }
 
+TEST_F(RealDialog, TakenOverControlKeepsItsIdentifierAndItsOwnProcedure) {
+  const auto own = ::GetWindowLongPtrW(::GetDlgItem(window->GetWnd(), kEdit), GWLP_WNDPROC);
+  Capitals edit;
+  ASSERT_TRUE(edit.GetDlgItem(window->GetWnd(), kEdit));
+  EXPECT_EQ(idOf(edit), kEdit);
+  EXPECT_EQ(reinterpret_cast<LONG_PTR>(previousProcOf(edit)), own);
+  EXPECT_EQ(dataOf(edit), nullptr);
+  EXPECT_NE(::GetWindowLongPtrW(edit.GetWnd(), GWLP_WNDPROC), own);
+  EXPECT_EQ(::GetWindowLongPtrW(edit.GetWnd(), GWLP_USERDATA), reinterpret_cast<LONG_PTR>(&edit));
+  window->Destroy();  // before the object that its messages go to
+}
+
 TEST_F(RealDialog, ControlThatIsNotThereIsNotTakenOver) {
   Capitals edit;
   EXPECT_FALSE(edit.GetDlgItem(window->GetWnd(), kEdit + 1));
   EXPECT_EQ(edit.GetWnd(), nullptr);
+  EXPECT_EQ(previousProcOf(edit), nullptr);
 }
 
 }  // namespace

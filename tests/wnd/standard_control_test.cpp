@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "BaseWindow.h"
+#include "wnd/ControlFields.h"
 #include "wnd/WindowCalls.h"
 
 namespace {
@@ -22,6 +23,17 @@ class ControlPlatform : public WindowCalls {
   LONG_PTR procedure = 0;
 };
 
+// The former procedure, as a number of the platform's.
+WNDPROC procedure(std::uintptr_t number) { return reinterpret_cast<WNDPROC>(number); }
+
+TEST(BaseCtrlStd, KeepsNothingAtFirst) {
+  const BaseCtrlStd control;
+  EXPECT_EQ(control.GetWnd(), nullptr);
+  EXPECT_EQ(idOf(control), 0);
+  EXPECT_EQ(dataOf(control), nullptr);
+  EXPECT_EQ(previousProcOf(control), nullptr);
+}
+
 TEST(BaseCtrlStd, TakesTheControlOverAndKeepsItsProcedure) {
   ControlPlatform platform;
   const fakes::Installed installed(platform);
@@ -32,6 +44,42 @@ TEST(BaseCtrlStd, TakesTheControlOverAndKeepsItsProcedure) {
   EXPECT_EQ(control.GetWnd(), handle(9));
   EXPECT_EQ(platform.userData, reinterpret_cast<LONG_PTR>(&control));
   EXPECT_NE(platform.procedure, 0);
+}
+
+TEST(BaseCtrlStd, KeepsTheIdentifierAndTheFormerProcedure) {
+  ControlPlatform platform;
+  const fakes::Installed installed(platform);
+  BaseCtrlStd control;
+  control.GetDlgItem(handle(4), -1001);
+  EXPECT_EQ(idOf(control), -1001);
+  EXPECT_EQ(previousProcOf(control), procedure(55));
+  EXPECT_EQ(dataOf(control), nullptr) << "not this class's to set";
+}
+
+TEST(BaseCtrlStd, NextControlTakesTheFormersPlace) {
+  ControlPlatform platform;
+  const fakes::Installed installed(platform);
+  BaseCtrlStd control;
+  control.GetDlgItem(handle(4), 1001);
+  platform.answer("GetDlgItem", 10);
+  platform.answer("SetWindowLongPtrW", 66);
+  EXPECT_TRUE(control.GetDlgItem(handle(4), 1002));
+  EXPECT_EQ(control.GetWnd(), handle(10));
+  EXPECT_EQ(idOf(control), 1002);
+  EXPECT_EQ(previousProcOf(control), procedure(66));
+  EXPECT_EQ(dataOf(control), nullptr);
+}
+
+TEST(BaseCtrlStd, MessagesAndTheEndOfTheControlChangeNothingThatItKeeps) {
+  ControlPlatform platform;
+  const fakes::Installed installed(platform);
+  BaseCtrlStd control;
+  control.GetDlgItem(handle(4), 1001);
+  control.RunProc(1, 2, 3);
+  control.Destroy();
+  EXPECT_EQ(idOf(control), 1001);
+  EXPECT_EQ(previousProcOf(control), procedure(55));
+  EXPECT_EQ(dataOf(control), nullptr);
 }
 
 TEST(BaseCtrlStd, RunProcHandsTheMessageToTheFormerProcedure) {
@@ -48,10 +96,13 @@ TEST(BaseCtrlStd, RunProcHandsTheMessageToTheFormerProcedure) {
 TEST(BaseCtrlStd, IsFalseWithoutAControl) {
   ControlPlatform platform;
   platform.answer("GetDlgItem", 0);
+  platform.answer("SetWindowLongPtrW", 0);
   const fakes::Installed installed(platform);
   BaseCtrlStd control;
   EXPECT_FALSE(control.GetDlgItem(handle(4), 1001));
   EXPECT_EQ(control.GetWnd(), nullptr);
+  EXPECT_EQ(idOf(control), 1001);
+  EXPECT_EQ(previousProcOf(control), nullptr);
 }
 
 TEST(BaseCtrlStd, GoesAllTheWayAlsoWithoutAControl) {
