@@ -1,12 +1,26 @@
 #pragma once
 
+/// The window classes. Where `windows.h` has not come before, it comes in here, lean and without its `min` and `max`. The two
+/// macros that say so are afterwards as they were, but what was left out stays out: `windows.h` is read once in each source
+/// file. An application that wants all of it includes it first, or a header of the platform by its own name after this one.
+
 #if !defined(WIN32_LEAN_AND_MEAN)
 #define WIN32_LEAN_AND_MEAN
+#define APPCOMM_MADE_LEAN
 #endif
 #if !defined(NOMINMAX)
 #define NOMINMAX
+#define APPCOMM_MADE_NOMINMAX
 #endif
 #include <windows.h>
+#if defined(APPCOMM_MADE_LEAN)
+#undef APPCOMM_MADE_LEAN
+#undef WIN32_LEAN_AND_MEAN
+#endif
+#if defined(APPCOMM_MADE_NOMINMAX)
+#undef APPCOMM_MADE_NOMINMAX
+#undef NOMINMAX
+#endif
 
 #include <cstdint>
 

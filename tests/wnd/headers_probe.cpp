@@ -1,5 +1,5 @@
 /// The interface's headers beside the whole of the platform's, which comes first or last. Compiled once for each order, with
-/// and without `UNICODE`; nothing here is run.
+/// and without `UNICODE`, and once for an application that has chosen the platform's macros itself; nothing here is run.
 
 #if defined(PROBE_PLATFORM_FIRST)
 #include <windows.h>
@@ -7,9 +7,22 @@
 
 #include "AppCommunication.h"
 
-#if !defined(PROBE_PLATFORM_FIRST)
-#undef WIN32_LEAN_AND_MEAN  // what the headers left out comes now
-#include <ole2.h>
+// How the headers bring the platform in is no choice for the application's later headers. Its own choice stands.
+#if defined(PROBE_OWN_CHOICE)
+#if !defined(WIN32_LEAN_AND_MEAN) || !defined(NOMINMAX)
+#error "the interface's headers take away a macro that the application defined"
+#endif
+#else
+#if defined(WIN32_LEAN_AND_MEAN)
+#error "the interface's headers leave WIN32_LEAN_AND_MEAN defined"
+#endif
+#if defined(NOMINMAX) && !defined(__MINGW32__)  // there the runtime's own headers define it
+#error "the interface's headers leave NOMINMAX defined"
+#endif
+#endif
+
+#if !defined(PROBE_PLATFORM_FIRST) && defined(_WIN32)
+#include <ole2.h>  // what the headers left out comes now
 #include <shellapi.h>
 #include <windows.h>
 #endif
@@ -35,5 +48,5 @@ void useTheInterface(const qzstd::Rect& rect, const std::shared_ptr<qzstd::Print
   AppWnd::EditCPwd edit(rect, nullptr);
   edit.SetFocus();
   edit.CreateCaret();
-  AppWnd::Scroll(rect).SetMouseMoveColor(RGB(1, 2, 3));
+  AppWnd::Scroll(rect).SetMouseMoveColor(COLORREF{0x030201});
 }
