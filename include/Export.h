@@ -8,6 +8,9 @@
 #if !defined(_WIN32)
 #define APPCOMM_API __attribute__((visibility("default")))
 #elif defined(APPCOMM_EXPORTS)
+// When g++ meets an exported class before this header, it exports the type information of every class that the file uses, also
+// of the standard library's.
+#include <typeinfo>
 #define APPCOMM_API __declspec(dllexport)
 #elif defined(APPCOMM_STATIC)
 #define APPCOMM_API
