@@ -7,6 +7,7 @@
 
 #include "AppWindow.h"
 #include "BaseWindow.h"
+#include "Command.h"
 #include "Controls.h"
 #include "Export.h"
 #include "Geometry.h"
