@@ -30,6 +30,11 @@ endif()
 add_library(tinyxml2_exported OBJECT EXCLUDE_FROM_ALL "${TINYXML2_SOURCE}/tinyxml2.cpp")
 target_compile_definitions(tinyxml2_exported PRIVATE TINYXML2_EXPORT)
 
+# For who takes the classes from the module: the header, and nothing to link.
+add_library(tinyxml2_imported INTERFACE)
+target_include_directories(tinyxml2_imported SYSTEM INTERFACE "${TINYXML2_SOURCE}")
+target_compile_definitions(tinyxml2_imported INTERFACE TINYXML2_IMPORT)
+
 # Private to whoever links it.
 add_library(tinyxml2_private STATIC EXCLUDE_FROM_ALL "${TINYXML2_SOURCE}/tinyxml2.cpp")
 target_include_directories(tinyxml2_private SYSTEM INTERFACE "${TINYXML2_SOURCE}")
