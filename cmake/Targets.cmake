@@ -37,7 +37,9 @@ function(appcomm_copy_runtime)
       message(FATAL_ERROR "The compiler does not know where its ${name} is. Install g++-mingw-w64-x86-64-posix.")
     endif()
     file(COPY "${path}" DESTINATION "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
+    list(APPEND copied "${CMAKE_RUNTIME_OUTPUT_DIRECTORY}/${name}")
   endforeach()
+  set(APPCOMM_RUNTIME_LIBRARIES ${copied} PARENT_SCOPE)
 endfunction()
 
 # Exports are what the sources mark, nothing else.
@@ -45,5 +47,13 @@ function(appcomm_windows_library target)
   set_target_properties(${target} PROPERTIES PREFIX "")
   if(MINGW)
     target_link_options(${target} PRIVATE -Wl,--exclude-all-symbols -Wl,--no-undefined)
+  endif()
+endfunction()
+
+# What the system tells of the DLL: the project's version, and a line about it.
+function(appcomm_version_resource target description)
+  if(WIN32)
+    configure_file("${CMAKE_SOURCE_DIR}/cmake/version.rc.in" "${CMAKE_CURRENT_BINARY_DIR}/${target}.rc" @ONLY)
+    target_sources(${target} PRIVATE "${CMAKE_CURRENT_BINARY_DIR}/${target}.rc")
   endif()
 endfunction()
