@@ -38,6 +38,7 @@ class APPCOMM_API CDlgWnd : public BaseWnd::BaseDlgWnd {
   virtual void ThreadToSelf(unsigned msg, unsigned __int64 wParam, __int64 lParam) const;
 
  protected:
+  /// As it is now: the caller may have changed it.
   const qzstd::Rect& rect() const { return *m_rect; }
 
  private:
@@ -57,6 +58,7 @@ class APPCOMM_API CtrlWnd : public BaseWnd::BaseDlgWnd {
   void Move(int dy) const;
 
  protected:
+  /// As it is now: the caller may have changed it.
   const qzstd::Rect& rect() const { return *m_rect; }
 
   // Set by the control library.

@@ -77,8 +77,10 @@ class APPCOMM_API BaseWindow {
   virtual void GetClientRect(RECT& rect) const;
   virtual void GetClientSize(SIZE& size) const;
 
+  /// The handle; null when there is no window. Setting it makes and destroys nothing.
   HWND GetWnd() const;
   void SetWnd(HWND handle);
+  /// Null when there is none.
   HWND GetParentWnd() const;
 
  private:
@@ -92,7 +94,9 @@ class APPCOMM_API BaseDlgWnd : public BaseWindow {
   ~BaseDlgWnd() override;
 
   void Destroy() override;
+  /// Makes the window as a child of `parent`; true when there is one.
   virtual bool Create(HWND parent) = 0;
+  /// What the window does with a message, on its own thread. Other than 0: the message is dealt with.
   virtual __int64 RunProc(unsigned msg, unsigned __int64 wParam, __int64 lParam) = 0;
 
  protected:
@@ -112,7 +116,9 @@ class APPCOMM_API BaseDlgBox : public BaseWindow {
   ~BaseDlgBox() override;
 
   void Destroy() override;
+  /// Shows the dialog over `parent`, and returns when it has ended.
   virtual bool Create(HWND parent) = 0;
+  /// What the dialog does with a message, on its own thread. Other than 0: the message is dealt with.
   virtual __int64 RunProc(unsigned msg, unsigned __int64 wParam, __int64 lParam) = 0;
 
  protected:
@@ -120,6 +126,7 @@ class APPCOMM_API BaseDlgBox : public BaseWindow {
   bool Create(HINSTANCE instance, HWND parent, unsigned short resourceId);
   void EndDialog(__int64 result);
 
+  /// What the constructor was given.
   long m_first;
   long m_second;
 

@@ -68,6 +68,7 @@ class APPCOMM_API CParse {
   unsigned long GetSize() const;
 
  protected:
+  /// What `GetBuf` and `GetSize` tell.
   std::uint8_t* m_buf = nullptr;
   std::array<std::uint32_t, 2> m_reserved{};  ///< keeps the size where applications expect it
   std::uint32_t m_size = 0;

@@ -47,6 +47,7 @@ class APPCOMM_API BtnBase : public CtrlWnd {
   struct Look;
   struct State;
 
+  /// For the buttons that are declared here: how they look and what they keep is in the control library.
   BtnBase(std::int32_t id, const qzstd::Rect& rect, const qzstd::Text* text, const Look& look);
   State& state() { return *m_state; }
   const State& state() const { return *m_state; }
@@ -96,6 +97,7 @@ class APPCOMM_API BtnExpand : public BtnBase {
   BtnExpand(std::int32_t id, const qzstd::Rect& rect, const qzstd::Text* text);
   ~BtnExpand() override;
 
+  /// As that of `BtnBase`.
   void SetText(const qzstd::Text& text);
 };
 
@@ -158,6 +160,7 @@ class APPCOMM_API BtnRefreshState : public BtnBase {
   BtnRefreshState(std::int32_t id, const qzstd::Rect& rect, const qzstd::Text* text);
   ~BtnRefreshState() override;
 
+  /// Whether it is drawn gray.
   bool GetGray() const;
   void SetGray(bool gray);
 };
@@ -192,6 +195,7 @@ class APPCOMM_API BtnSetWifi : public BtnBase {
   BtnSetWifi(std::int32_t id, const qzstd::Rect& rect, const qzstd::Text* text);
   ~BtnSetWifi() override;
 
+  /// Whether it is drawn gray.
   bool GetGray() const;
   void SetGray(bool gray);
 };
@@ -205,6 +209,7 @@ class APPCOMM_API ComBox : public CtrlWnd {
   bool Create(HWND parent) override;
   __int64 RunProc(unsigned msg, unsigned __int64 wParam, __int64 lParam) override;
 
+  /// Adds an entry after the others.
   void Append(const qzstd::Text& text);
   /// Of all entries, and of the choice.
   void Clear();
@@ -245,6 +250,7 @@ class APPCOMM_API EditBase : public CtrlWnd {
   /// Before the character `index`, counted in UTF-16 units from 0, or at the end; selects nothing.
   void SetCaretPos(std::int32_t index);
 
+  /// The text as it is edited, also while it is not valid.
   std::wstring GetWstr() const;
   /// Whatever the text is: what a person may type is the business of the derived class. The caret goes to its end.
   void SetWstr(const std::wstring& text);
@@ -259,6 +265,7 @@ class APPCOMM_API EditBase : public CtrlWnd {
   struct Kind;
   struct State;
 
+  /// For the edits that are declared here: what they take and what they keep is in the control library.
   EditBase(const qzstd::Rect& rect, const qzstd::Text* text, const Kind& kind);
   State& state() { return *m_state; }
   const State& state() const { return *m_state; }
@@ -310,6 +317,7 @@ class APPCOMM_API Label : public CtrlWnd {
  protected:
   struct State;
 
+  /// For the labels that are declared here: what they keep is in the control library.
   State& state() { return *m_state; }
   const State& state() const { return *m_state; }
 
@@ -323,6 +331,7 @@ class APPCOMM_API LabelNum : public Label {
   LabelNum(const qzstd::Rect& rect, const qzstd::Text* text);
   ~LabelNum() override;
 
+  /// The color of the ground.
   void SetBgColor(COLORREF color);
   /// Drawn pale when not enabled.
   void SetEnable(bool enable);
@@ -335,8 +344,10 @@ class APPCOMM_API LabelPath : public Label {
   LabelPath(const qzstd::Rect& rect, const qzstd::Text* text);
   ~LabelPath() override;
 
+  /// The whole path, also where it is shown cut.
   std::wstring GetPath() const;
   void SetPath(const std::wstring& path);
+  /// The colors of the ground and of the frame.
   void SetBgColor(COLORREF color);
   void SetBrdColor(COLORREF color);
 };
@@ -377,6 +388,7 @@ class APPCOMM_API Slider : public CtrlWnd {
   bool Create(HWND parent) override;
   __int64 RunProc(unsigned msg, unsigned __int64 wParam, __int64 lParam) override;
 
+  /// Whether it takes the mouse and the keyboard, as `EnableWindow` says.
   bool GetEnable() const;
   /// Whether a person is moving it just now.
   bool GetMove() const;

@@ -28,14 +28,14 @@ struct PrinterInfo {
   bool hasCtrlPort = false;         ///< a USB printer that can be read while it prints
   std::wstring managerId;           ///< how the manager library names the printer
 
-  // State: filled by a state read.
+  /// State: filled by a state read. The id is the printer's own, 16 bytes.
   std::wstring model;
   std::wstring serialNumber;
   std::wstring firmwareVersion;
   std::wstring address;
   std::array<std::uint8_t, 16> deviceId{};
-  std::int32_t deviceStatus =
-      0;  ///< 0 ready; 1 refuses changes; 11 accepts them; any other value counts as busy, but not for an image
+  /// 0 ready; 1 refuses changes; 11 accepts them; any other value counts as busy, but not for an image.
+  std::int32_t deviceStatus = 0;
   std::vector<Supply> supplies;
   std::vector<std::int32_t> alerts;  ///< codes of the printer's active alerts
 

@@ -3,8 +3,8 @@
 #include <mutex>
 #include <optional>
 
-#include "common/Report.h"
 #include "common/Handle.h"
+#include "common/Report.h"
 
 namespace examples {
 

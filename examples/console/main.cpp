@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "AppCommunication.h"
+#include "common/DiagnosticLog.h"
 #include "common/Text.h"
 #include "console/Demo.h"
-#include "common/DiagnosticLog.h"
 #include "console/Operate.h"
 #include "console/Options.h"
 #include "console/Poll.h"
