@@ -29,8 +29,8 @@ class ClientTest : public testing::Test {
   }
 
   /// Runs a program to its end and returns its output. What it says of its own failure fails the test.
-  static std::string run(const std::wstring& program, const std::wstring& argument) {
-    const support::ChildProcess child(program, {argument});
+  static std::string run(const std::wstring& program, const std::vector<std::wstring>& arguments) {
+    const support::ChildProcess child(program, arguments);
     const auto code = child.wait();
     EXPECT_TRUE(code) << "has not ended";
     EXPECT_EQ(code.value_or(0), 0U) << child.errors();

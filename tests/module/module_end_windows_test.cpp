@@ -9,20 +9,20 @@ namespace {
 class ModuleEndTest : public ClientTest {};
 
 // What the printer, or the interval, would take is far beyond the patience with the child.
-TEST_F(ModuleEndTest, ProcessThatExitsWithoutStopInAWaitEndsAtOnce) { run(L"module_client.exe", L"exit-in-wait"); }
+TEST_F(ModuleEndTest, ProcessThatExitsWithoutStopInAWaitEndsAtOnce) { run(L"module_client.exe", {L"exit-in-wait"}); }
 
-TEST_F(ModuleEndTest, ProcessThatExitsWithoutStopInAHandlerEndsAtOnce) { run(L"module_client.exe", L"exit-in-handler"); }
+TEST_F(ModuleEndTest, ProcessThatExitsWithoutStopInAHandlerEndsAtOnce) { run(L"module_client.exe", {L"exit-in-handler"}); }
 
 TEST_F(ModuleEndTest, ProcessThatExitsWithoutStopWritesTheDetachLineLast) {
   configure("Debug=1\r\n");
-  run(L"module_client.exe", L"exit-in-handler");
+  run(L"module_client.exe", {L"exit-in-handler"});
   EXPECT_EQ(log().back().message, L"App Communication DLL Detach.");
 }
 
 TEST_F(ModuleEndTest, ModuleIsUnloadedAndLoadedAgainOnceItsThreadsAreGone) {
   constexpr int kRounds = 5;
   configure("Debug=1\r\n");
-  run(L"module_loader.exe", std::to_wstring(kRounds));
+  run(L"module_loader.exe", {L"use", std::to_wstring(kRounds)});
 
   std::vector<int> milestones;  // attach, leave, detach
   for (const auto& line : log()) {
@@ -32,5 +32,21 @@ TEST_F(ModuleEndTest, ModuleIsUnloadedAndLoadedAgainOnceItsThreadsAreGone) {
   for (int round = 0; round < kRounds; ++round) expected.insert(expected.end(), {264, 240, 271});
   EXPECT_EQ(milestones, expected);
 }
+
+TEST_F(ModuleEndTest, HundredLoadsAndUnloadsLeaveTheirLinesAndNoHandle) {
+  constexpr int kRounds = 100;
+  configure("Debug=1\r\n");
+  run(L"module_loader.exe", {L"idle", std::to_wstring(kRounds)});
+
+  std::vector<std::wstring> messages;
+  for (const auto& line : log()) messages.push_back(line.message);
+  std::vector<std::wstring> expected;
+  for (int round = 0; round < kRounds; ++round) {
+    expected.insert(expected.end(), {L"App Communication DLL Attach.", L"App Communication DLL Detach."});
+  }
+  EXPECT_EQ(messages, expected);
+}
+
+TEST_F(ModuleEndTest, HundredLoadsAndUnloadsWithoutALogLeaveNoHandle) { run(L"module_loader.exe", {L"idle", L"100"}); }
 
 }  // namespace

@@ -13,7 +13,7 @@ using Numbered = std::vector<std::pair<int, std::wstring>>;
 
 class ModuleLogTest : public ClientTest {
  protected:
-  std::string poll() const { return run(L"module_client.exe", L"poll"); }
+  std::string poll() const { return run(L"module_client.exe", {L"poll"}); }
 };
 
 Numbered linesOf(const std::vector<LogLine>& log, const std::string& function) {
@@ -97,7 +97,7 @@ TEST_F(ModuleLogTest, DebugTellsTheReadsAndTheNotices) {
 
 TEST_F(ModuleLogTest, ErrorAloneWritesOnlyTheRefusedRecord) {
   configure("Error=1\r\n");
-  EXPECT_EQ(run(L"module_client.exe", L"wrong-record"), "notices: 0\r\n");
+  EXPECT_EQ(run(L"module_client.exe", {L"wrong-record"}), "notices: 0\r\n");
   const auto lines = log();
   ASSERT_EQ(lines.size(), 1U);
   EXPECT_EQ(lines.front().tag, "ERR");

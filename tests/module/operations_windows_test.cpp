@@ -42,7 +42,7 @@ class OperationsTest : public ClientTest {
 
   /// What the client writes, with a line end before the first line too.
   static std::string run(const std::wstring& printer) {
-    auto output = "\n" + ClientTest::run(L"module_operations.exe", printer);
+    auto output = "\n" + ClientTest::run(L"module_operations.exe", {printer});
     std::erase(output, '\r');
     return output;
   }
