@@ -1,8 +1,8 @@
 #pragma once
 
-/// The host's stand-in for the platform's header: the types, constants and functions that the module uses, nothing else. Every
-/// function goes to the `fakes::Windows` that the running test has installed. Types have the platform's widths, except
-/// `wchar_t` and `long`, which are the host's.
+/// The host's stand-in for the platform's header: the types, constants and functions that the module uses, and a few more of
+/// those examples that are tested here, nothing else. Every function goes to the `fakes::Windows` that the running test has
+/// installed. Types have the platform's widths, except `wchar_t` and `long`, which are the host's.
 
 #include <cstdarg>
 #include <cstddef>
