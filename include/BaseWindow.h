@@ -77,7 +77,7 @@ class APPCOMM_API BaseWindow {
   virtual void GetClientRect(RECT& rect) const;
   virtual void GetClientSize(SIZE& size) const;
 
-  /// The handle; null when there is no window. Setting it makes and destroys nothing.
+  /// The handle; null when there is no window. Setting it makes and destroys nothing. Any thread.
   HWND GetWnd() const;
   void SetWnd(HWND handle);
   /// Null when there is none.

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <latch>
+#include <thread>
+
 #include "BaseWindow.h"
 #include "wnd/WindowCalls.h"
 
@@ -168,6 +171,30 @@ TEST(BaseWindow, DestroysNothing) {
     EXPECT_EQ(window.GetWnd(), handle(1));
   }
   EXPECT_TRUE(platform.calls().empty());
+}
+
+/// Notes nothing, so that no lock of the test puts the threads in an order.
+class SilentWindow : public fakes::Windows {
+ public:
+  LRESULT SendMessageW(HWND /*window*/, UINT /*message*/, WPARAM /*wParam*/, LPARAM /*lParam*/) override { return 0; }
+  BOOL IsWindow(HWND /*window*/) override { return 1; }
+};
+
+// The thread of the window lets go of it while senders are under way. What they send then goes nowhere; but they may ask.
+TEST(BaseWindow, HandleMayGoWhileOtherThreadsUseIt) {
+  constexpr int kRounds = 20'000;
+  SilentWindow platform;
+  const fakes::Installed installed{platform};
+  BaseWindow window;
+  std::latch start(2);
+  std::thread sender([&] {
+    start.arrive_and_wait();
+    for (int i = 0; i < kRounds; ++i) window.SendSelfMsg(7, 8, 9);
+  });
+  start.arrive_and_wait();
+  for (int i = 0; i < kRounds; ++i) window.SetWnd(i % 2 == 0 ? handle(1) : nullptr);
+  sender.join();
+  EXPECT_EQ(window.GetWnd(), nullptr);
 }
 
 }  // namespace
