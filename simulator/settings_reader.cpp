@@ -38,7 +38,10 @@ bool readNumbers(std::string_view text, char separator, std::array<Number, count
   const char* place = text.data();
   const char* const end = place + text.size();
   for (std::size_t i = 0; i < count; ++i) {
-    if (i > 0 && (place == end || *place++ != separator)) return false;
+    if (i > 0) {
+      if (place == end || *place != separator) return false;
+      ++place;
+    }
     const auto parsed = std::from_chars(place, end, numbers[i]);
     if (parsed.ec != std::errc()) return false;
     if (*place == '0' && parsed.ptr - place > 1) return false;  // some would read it as octal

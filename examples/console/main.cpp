@@ -112,6 +112,7 @@ int run(const std::vector<std::wstring>& arguments) {
 
 }  // namespace
 
+// NOLINTNEXTLINE(misc-use-internal-linkage): the runtime calls it
 int wmain(int count, wchar_t** values) {
   try {
     return run(std::vector<std::wstring>(values + 1, values + count));

@@ -84,8 +84,8 @@ Panel::Panel()
 // With all that is in it, while the objects behind the windows are still there to be told.
 Panel::~Panel() { Destroy(); }
 
-void Panel::addPrinter(std::shared_ptr<qzstd::PrinterInfo> info) {
-  m_printers.push_back({.info = info, .uid = info->uid, .name = examples::shown(info->name, kMostName)});
+void Panel::addPrinter(std::shared_ptr<qzstd::PrinterInfo> printer) {
+  m_printers.push_back({.info = printer, .uid = printer->uid, .name = examples::shown(printer->name, kMostName)});
 }
 
 bool Panel::Create(HWND parent) {

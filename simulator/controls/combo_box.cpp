@@ -93,7 +93,7 @@ struct ComBox::State {
   bool key(HWND window, unsigned __int64 virtualKey);
   bool letter(HWND window, wchar_t unit);
   bool listTold(HWND window, unsigned what);
-  std::optional<__int64> answer(unsigned msg, unsigned __int64 wParam, __int64 lParam);
+  std::optional<__int64> answer(unsigned msg, unsigned __int64 wParam, __int64 lParam) const;
   void draw(HDC dc, const RECT& area, std::uint32_t flags) const;
 
   controls::ListContent content;
@@ -167,7 +167,7 @@ bool ComBox::State::listTold(HWND window, unsigned what) {
 }
 
 // The text is the chosen entry's, and not for others to set. None: it is another message.
-std::optional<__int64> ComBox::State::answer(unsigned msg, unsigned __int64 wParam, __int64 lParam) {
+std::optional<__int64> ComBox::State::answer(unsigned msg, unsigned __int64 wParam, __int64 lParam) const {
   if (msg == WM_SETTEXT) return CB_ERR;
   if (msg != WM_GETTEXT && msg != WM_GETTEXTLENGTH) return std::nullopt;
   return controls::answerText(chosenText(), msg, wParam, lParam);

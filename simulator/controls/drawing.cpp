@@ -126,7 +126,7 @@ COLORREF readableOn(COLORREF ground) {
 }
 
 HFONT font(int height, bool bold) {
-  thread_local std::map<std::pair<int, bool>, Gdi<HFONT>> fonts;
+  static thread_local std::map<std::pair<int, bool>, Gdi<HFONT>> fonts;
   auto& entry = fonts[{height, bold}];
   if (entry == nullptr) entry = newFont(height, bold);
   return entry.get();
