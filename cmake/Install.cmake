@@ -6,21 +6,25 @@ include(CMakePackageConfigHelpers)
 set(APPCOMM_PACKAGE_DOCS share/doc/AppCommunication)
 
 set_target_properties(SimulatedPrinters PROPERTIES EXPORT_NAME Simulator)
+set_target_properties(AppCommunication_tinyxml2 PROPERTIES EXPORT_NAME tinyxml2)
+# A folder of our own for headers with names that others have too.
+set(headers include/AppCommunication)
 install(TARGETS AppCommunication SimulatedPrinters AppPrinterSdk AppMgr AppSdk EXPORT AppCommunicationTargets
   RUNTIME DESTINATION bin
   ARCHIVE DESTINATION lib
-  INCLUDES DESTINATION include)
+  INCLUDES DESTINATION ${headers})
+install(TARGETS AppCommunication_tinyxml2 EXPORT AppCommunicationTargets INCLUDES DESTINATION ${headers}/tinyxml2)
 install(TARGETS printer-console printer-panel RUNTIME DESTINATION bin)
 install(FILES ${APPCOMM_RUNTIME_LIBRARIES} DESTINATION bin)
 
-install(DIRECTORY "${CMAKE_SOURCE_DIR}/include/" DESTINATION include)
+install(DIRECTORY "${CMAKE_SOURCE_DIR}/include/" DESTINATION ${headers})
 install(
   FILES
     "${CMAKE_SOURCE_DIR}/simulator/SimulatedPrinters.h"
     "${CMAKE_SOURCE_DIR}/simulator/PrinterContents.h"
     "${CMAKE_SOURCE_DIR}/simulator/Export.h"
-  DESTINATION include/simulator)
-install(FILES "${TINYXML2_INCLUDE_DIR}/tinyxml2.h" DESTINATION include)
+  DESTINATION ${headers}/simulator)
+install(FILES "${TINYXML2_INCLUDE_DIR}/tinyxml2.h" DESTINATION ${headers}/tinyxml2)
 install(DIRECTORY "${CMAKE_SOURCE_DIR}/examples/scenarios" DESTINATION share/AppCommunication)
 
 install(FILES "${CMAKE_SOURCE_DIR}/README.md" "${CMAKE_SOURCE_DIR}/CHANGELOG.md" DESTINATION ${APPCOMM_PACKAGE_DOCS})
@@ -30,17 +34,18 @@ if(MINGW)
   # What the distribution says about the runtime libraries that are passed on.
   install(FILES /usr/share/doc/gcc-mingw-w64-x86-64-posix-runtime/copyright
     DESTINATION ${APPCOMM_PACKAGE_DOCS}/licences RENAME libstdc++-and-libgcc.txt)
+  install(FILES /usr/share/common-licenses/GPL-3 DESTINATION ${APPCOMM_PACKAGE_DOCS}/licences RENAME GPL-3.txt)
   install(FILES /usr/share/doc/mingw-w64-x86-64-dev/copyright
     DESTINATION ${APPCOMM_PACKAGE_DOCS}/licences RENAME libwinpthread.txt)
 endif()
 
 # Which compilers can use it: class layouts, mangled names and the standard library's types cross the border.
 if(MSVC)
-  set(APPCOMM_COMPILER MSVC)
+  set(APPCOMM_COMPILER "MSVC")
   set(APPCOMM_COMPILER_NAME "Visual C++")
 else()
-  set(APPCOMM_COMPILER MINGW)
-  set(APPCOMM_COMPILER_NAME "mingw-w64")
+  set(APPCOMM_COMPILER "MINGW AND CMAKE_CXX_COMPILER_ID STREQUAL GNU")
+  set(APPCOMM_COMPILER_NAME "mingw-w64's g++ (posix threads)")
 endif()
 set(package_folder lib/cmake/AppCommunication)
 set(APPCOMM_BIN bin)
@@ -48,8 +53,7 @@ install(EXPORT AppCommunicationTargets NAMESPACE AppCommunication:: DESTINATION 
 configure_package_config_file(
   "${CMAKE_CURRENT_LIST_DIR}/AppCommunicationConfig.cmake.in" "${CMAKE_BINARY_DIR}/AppCommunicationConfig.cmake"
   INSTALL_DESTINATION ${package_folder}
-  PATH_VARS APPCOMM_BIN
-  NO_CHECK_REQUIRED_COMPONENTS_MACRO)
+  PATH_VARS APPCOMM_BIN)
 write_basic_package_version_file("${CMAKE_BINARY_DIR}/AppCommunicationConfigVersion.cmake" COMPATIBILITY SameMajorVersion)
 install(
   FILES "${CMAKE_BINARY_DIR}/AppCommunicationConfig.cmake" "${CMAKE_BINARY_DIR}/AppCommunicationConfigVersion.cmake"

@@ -2,7 +2,8 @@
 include_guard()
 
 if(MSVC)
-  # From vcpkg, compiled so that its objects export themselves (cmake/triplets), hence linked whole.
+  # From vcpkg, compiled so that its objects export themselves (cmake/triplets), hence linked whole. So what should be private to
+  # SimulatedPrinters.dll shows among its exports too: an application that uses both names the module's import library first.
   find_package(tinyxml2 CONFIG REQUIRED)
   add_library(tinyxml2_exported INTERFACE)
   target_link_libraries(tinyxml2_exported INTERFACE $<LINK_LIBRARY:WHOLE_ARCHIVE,tinyxml2::tinyxml2>)

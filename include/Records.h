@@ -207,7 +207,7 @@ static_assert(offsetof(FirmUp, triggered) == 0 && offsetof(FirmUp, done) == 1 &&
               offsetof(FirmUp, versionText1) == 8 + sizeof(std::wstring) &&
               offsetof(FirmUp, versionText2) == 8 + 2 * sizeof(std::wstring) && sizeof(FirmUp) == 8 + 3 * sizeof(std::wstring));
 static_assert(offsetof(WIFI, connected) == 0 && offsetof(WIFI, finished) == 1 && offsetof(WIFI, succeeded) == 2 &&
-              offsetof(WIFI, networks) == 8 && sizeof(WIFI) == 8 + 3 * sizeof(void*));
+              offsetof(WIFI, networks) == 8 && sizeof(WIFI) == 8 + sizeof(std::vector<AppMgr::WifiNetwork>));
 
 }  // namespace AppComm
 #endif

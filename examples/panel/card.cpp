@@ -105,7 +105,7 @@ void Card::grow(Clock::time_point now, const std::wstring& occupation) {
 }
 
 void Card::setStatus(std::wstring status, COLORREF color) {
-  if (status == m_status) return;
+  if (status == m_status && color == m_statusColor) return;
   m_status = std::move(status);
   m_statusColor = color;
   ::SetWindowTextW(GetWnd(), (m_printer.name + L": " + m_status).c_str());

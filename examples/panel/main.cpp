@@ -38,7 +38,7 @@ Options parse(const std::vector<std::wstring>& words) {
   for (std::size_t i = 0; i < words.size(); ++i) {
     if (words[i] == L"--unattended") {
       options.isUnattended = true;
-    } else if (words[i] == L"--scenario" && i + 1 < words.size()) {
+    } else if (words[i] == L"--scenario" && i + 1 < words.size() && !words[i + 1].starts_with(L"--")) {
       options.scenario = words[++i];
     } else {
       options.isUsable = false;

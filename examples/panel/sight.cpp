@@ -39,6 +39,19 @@ examples::Report look(const State& record, const qzstd::PrinterInfo& printer, Si
   return {};
 }
 
+std::wstring deviceText(std::int32_t deviceStatus) {
+  switch (deviceStatus) {
+    case 0:
+      return L"ready";
+    case 1:
+      return L"takes no changes just now";
+    case 11:
+      return L"takes changes";
+    default:
+      return L"busy (status " + std::to_wstring(deviceStatus) + L")";
+  }
+}
+
 class Watch : public examples::RecordOperation<State> {
  public:
   explicit Watch(std::shared_ptr<SightBoard> board)
@@ -60,16 +73,7 @@ std::wstring statusText(const std::optional<Sight>& sight) {
   if (!sight) return L"no answer yet";
   if (sight->result != 0) return L"no answer (code " + std::to_wstring(sight->result) + L")";
   if (sight->jobs > 0) return L"prints";
-  switch (sight->deviceStatus) {
-    case 0:
-      return L"ready";
-    case 1:
-      return L"takes no changes just now";
-    case 11:
-      return L"takes changes";
-    default:
-      return L"busy (status " + std::to_wstring(sight->deviceStatus) + L")";
-  }
+  return deviceText(sight->deviceStatus) + (sight->jobs < 0 ? L", jobs unknown" : L"");
 }
 
 }  // namespace panel

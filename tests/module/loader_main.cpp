@@ -33,7 +33,7 @@ int runIdleRound() {
 }
 
 int runIdleRounds(int rounds) {
-  // The first round is the system's: what it keeps of a library that it has once seen is not the module's.
+  // What is kept from the first round alone is the system's: the module, which was unloaded, does not know that there was one.
   if (const int failed = runIdleRound(); failed != 0) return failed;
   const int before = support::handleCount();
   if (before < 0) return 9;

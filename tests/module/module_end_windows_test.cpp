@@ -47,6 +47,9 @@ TEST_F(ModuleEndTest, HundredLoadsAndUnloadsLeaveTheirLinesAndNoHandle) {
   EXPECT_EQ(messages, expected);
 }
 
-TEST_F(ModuleEndTest, HundredLoadsAndUnloadsWithoutALogLeaveNoHandle) { run(L"module_loader.exe", {L"idle", L"100"}); }
+TEST_F(ModuleEndTest, HundredLoadsAndUnloadsWithoutALogLeaveNoHandle) {
+  run(L"module_loader.exe", {L"idle", L"100"});
+  EXPECT_FALSE(hasLog());
+}
 
 }  // namespace

@@ -78,6 +78,12 @@ TEST_F(PanelTest, MistakeInTheScenarioIsWrittenWhereNobodyIsThereToReadABox) {
   EXPECT_NE(panel().errors().find("scenario.xml:2: "), std::string::npos) << panel().errors();
 }
 
+TEST_F(PanelTest, ScenarioOptionWithoutAFileIsAMistake) {
+  startWith("<scenario/>", {L"--scenario", L"--unattended"});
+  EXPECT_EQ(panel().wait(kSoon), 2U);
+  EXPECT_NE(panel().errors().find("takes --scenario FILE"), std::string::npos) << panel().errors();
+}
+
 TEST_F(PanelTest, UnknownOptionIsToldWithTheRightOnes) {
   startWith("<scenario/>", {L"--unattended", L"--color"});
   EXPECT_EQ(panel().wait(kSoon), 2U);

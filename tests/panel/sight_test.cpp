@@ -45,6 +45,7 @@ TEST(SightTest, StateIsSaidInWords) {
       {{.deviceStatus = 3}, L"busy (status 3)"},
       {{.deviceStatus = std::numeric_limits<std::int32_t>::min()}, L"busy (status -2147483648)"},
       {{.jobs = 2, .deviceStatus = 3}, L"prints"},
+      {{.jobs = -3}, L"ready, jobs unknown"},
       {{.result = -7, .jobs = 2}, L"no answer (code -7)"},
   };
   for (const auto& row : rows) EXPECT_EQ(panel::statusText(row.sight), row.words);

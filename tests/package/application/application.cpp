@@ -1,4 +1,4 @@
-/// An application that has the package and nothing else of the project: each class family of the border once, over the border.
+/// An application that has the package and nothing else of the project: a bit of each part of the border, over the border.
 /// Exit code 0, or the number of the step that failed.
 
 #include <tinyxml2.h>
@@ -74,10 +74,19 @@ bool readsXml() {
   return printer != nullptr && printer->IntAttribute("jobs") == 3;
 }
 
+bool makesControls() {
+  const qzstd::Text text{L"Ready"};
+  AppWnd::BtnCheck check(1, kNowhere, &text);
+  check.SetClick(true);
+  const AppWnd::LabelPath path(kNowhere, &text);
+  return check.GetClick() && path.GetPath() == L"Ready" && !check.IsWindow();
+}
+
 bool frames() {
   NPA::CCmd command;
   command.SetSize(16);
-  return command.GetCmd() == nullptr && command.GetLen() == 0;
+  const NPA::CParse frame;
+  return command.GetCmd() == nullptr && command.GetLen() == 0 && frame.GetBuf() == nullptr && frame.GetSize() == 0;
 }
 
 bool has(bool (*step)(), const char* name) {
@@ -91,6 +100,7 @@ bool has(bool (*step)(), const char* name) {
 int main() {
   if (!has(readsAPrinter, "a printer's state")) return 1;
   if (!has(readsXml, "a document")) return 2;
-  if (!has(frames, "a command")) return 3;
+  if (!has(makesControls, "controls")) return 3;
+  if (!has(frames, "a command and a frame")) return 4;
   return 0;
 }
