@@ -80,8 +80,13 @@ def read_records(dump: str) -> dict[str, Record]:
 
 
 def own_names(records: dict[str, Record]) -> list[str]:
-    foreign = re.compile(r'std::|__gnu_cxx::|_|\(')
-    return [name for name in records if not foreign.match(name)]
+    """Without what templates make: its size and members show in the types that hold it."""
+    foreign = re.compile(r'std::|__gnu_cxx::|_|\(|.*<')
+    own = [name for name in records if not foreign.match(name)]
+    unnamed = next((name for name in own if '(' in name), None)
+    if unnamed:
+        raise CannotCheck(f'{unnamed} has no name, so that neither the page nor GCC could name its members. Give it one.')
+    return own
 
 
 def is_opaque(name: str, records: dict[str, Record]) -> bool:

@@ -5,17 +5,20 @@ from __future__ import annotations
 import re
 from typing import Iterator
 
+from declarations import Enumerator
 from dumps import Record, is_opaque
 
 UNKNOWN = '?'
 TYPES = 'Types'  # the section that lists them all
+ENUMERATORS = 'Enumerators'
 
 HEAD = """\
 # The binary interface
 
-Where the members of every type in `include/` lie, and which slot of its virtual table each operation has: what an application
-is compiled against. A change here breaks every application that is not compiled anew. `tools/check-layout --write` makes this
-page from the headers, and `tools/check-layout` compares the two.
+Where the members of every type in `include/` lie, which slot of its virtual table each operation has, and the values of the
+enumerators: what an application is compiled against. The types of tinyxml2, which the DLL exports too, stand behind ours. A change
+here breaks every application that is not compiled anew. `tools/check-layout --write` makes this page from the headers, and
+`tools/check-layout` compares the two. The results of functions are in [exports-visual-cpp.txt](exports-visual-cpp.txt).
 
 - Offsets, sizes and alignments are in bytes. Slots count from 0, where the virtual table begins.
 - A type's table lists its own members and those operations only that it adds or overrides; the others are those of its base.
@@ -25,7 +28,9 @@ page from the headers, and `tools/check-layout` compares the two.
 - `?`: not known. It depends on a type of the standard library, and Visual C++'s library was not at hand. Taken for granted is
   that its `std::array` holds its elements and nothing else, its `std::unique_ptr` a pointer, its `std::atomic<bool>` one byte.
 - A member's type is the one that the header names; the platform's (`HWND`, `WNDPROC`) are those of mingw-w64's headers.
-- Not shown: how arguments are passed, the values of enumerations, and types that the headers only name.
+- Not shown: how arguments are passed; what else an application compiles in, which are default arguments and the values of
+  constants (the tests know those of `include/`), what members begin with, and inline functions; templates; types that the
+  headers only name.
 """
 
 
@@ -44,10 +49,11 @@ def code(text: str) -> str:
 class Layout:
     """What the two compilers make of the headers. Both know the types named in `own`, and the tables of the same classes."""
 
-    def __init__(self, visual: dict[str, Record], gcc: dict[str, Record], own: list[str],
-                 visual_tables: dict[str, list[str]], gcc_tables: dict[str, list[str]]) -> None:
+    def __init__(self, visual: dict[str, Record], gcc: dict[str, Record], own: list[str], visual_tables: dict[str, list[str]],
+                 gcc_tables: dict[str, list[str]], enumerators: list[Enumerator]) -> None:
         self.visual, self.gcc, self.own = visual, gcc, own
         self.visual_tables, self.gcc_tables = visual_tables, gcc_tables
+        self.enumerators = enumerators
 
     def overview(self) -> list[str]:
         rows = []
@@ -58,6 +64,10 @@ class Layout:
                             visual.size if known else UNKNOWN, visual.alignment if known else UNKNOWN, gcc.size, gcc.alignment))
         return ['', f'## {TYPES}', *table(['type', 'derived from', 'size, Visual C++', 'alignment, Visual C++',
                                          'size, GCC', 'alignment, GCC'], rows)]
+
+    def values(self) -> list[str]:
+        rows = [row(code(one.name), one.value, code(one.underlying) if one.underlying else '-') for one in self.enumerators]
+        return ['', f'## {ENUMERATORS}', *table(['enumerator', 'value', 'underlying type'], rows)] if rows else []
 
     def places(self, name: str, records: dict[str, Record], hide: bool) -> dict[str, str]:
         """Where the members lie. Behind the first that is not known, nothing is."""
@@ -86,7 +96,7 @@ class Layout:
         for slot, entry in enumerate(tables[name]):
             if slot < len(inherited) and inherited[slot] == entry:
                 continue
-            text = re.sub(r' \[pure\]$', ' = 0', entry).replace(f' {name}::', ' ', 1)
+            text = re.sub(rf'(?<=[ *&]){re.escape(name)}::', '', re.sub(r' \[pure\]$', ' = 0', entry), count=1)
             result[text] = f'{result[text]}, {slot}' if text in result else str(slot)
         return result
 
@@ -98,7 +108,7 @@ class Layout:
         return table(['virtual operation', 'Visual C++', 'GCC'], rows)
 
     def page(self) -> str:
-        lines = [HEAD.rstrip('\n'), *self.overview()]
+        lines = [HEAD.rstrip('\n'), *self.overview(), *self.values()]
         for name in self.own:
             details = self.members(name) + self.operations(name)
             if details:

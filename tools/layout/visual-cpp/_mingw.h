@@ -4,6 +4,8 @@
 // and needs them in the places where these macros are not.
 #include_next <_mingw.h>
 #undef __attribute__
+#undef __MINGW_NOTHROW
+#define __MINGW_NOTHROW
 #undef __MINGW_ATTRIB_NORETURN
 #define __MINGW_ATTRIB_NORETURN
 #undef __MINGW_ATTRIB_DEPRECATED
