@@ -18,6 +18,7 @@ using NPA::CParse;
 
 static_assert(!std::is_polymorphic_v<CCmd> && std::is_standard_layout_v<CCmd>);
 static_assert(!std::is_polymorphic_v<CParse> && std::is_standard_layout_v<CParse>);
+static_assert(std::is_trivially_copyable_v<CParse> && std::is_trivially_destructible_v<CParse>);
 static_assert(std::is_same_v<decltype(&CCmd::GetLen), unsigned long (CCmd::*)() const>);
 static_assert(std::is_same_v<decltype(&CCmd::GetCmd), unsigned char* (CCmd::*)() const>);
 static_assert(std::is_same_v<decltype(&CParse::GetSize), unsigned long (CParse::*)() const>);
@@ -78,6 +79,11 @@ TEST(Command, NotesTheSizeAndAllocatesNothing) {
   EXPECT_EQ(command->GetCmd(), nullptr);
   EXPECT_EQ(command->GetLen(), 0U);
 }
+
+// `unsigned long` has 64 bits on the host only.
+constexpr auto kBeyond32Bits = static_cast<unsigned long>(0x1'00000010ULL);
+
+TEST(Command, CutsItsSizeTo32Bits) { EXPECT_EQ(FilledCommand(kBeyond32Bits).size(), 0x10U); }
 
 TEST(Command, DestroyingADefaultOneFreesNothingAndLeavesItsSize) {
   InMemory<CCmd> command;
@@ -154,6 +160,12 @@ TEST(Command, SetSizeLeavesTheBuffer) {
   EXPECT_EQ(command.GetCmd(), buffer);
   EXPECT_EQ(command.GetLen(), kBytes.size());
   EXPECT_EQ(std::memcmp(buffer, kBytes.data(), kBytes.size()), 0);
+}
+
+TEST(Command, SetSizeCutsTheSizeTo32Bits) {
+  FilledCommand command;
+  command.SetSize(kBeyond32Bits);
+  EXPECT_EQ(command.size(), 0x10U);
 }
 
 TEST(Command, GetSerialGivesFourBytesFirstByteFirst) {
@@ -238,6 +250,23 @@ TEST(Frame, IsSeenWhereItWasReceived) {
   frame.fill(received);
   EXPECT_EQ(frame.GetBuf(), received.data());
   EXPECT_EQ(frame.GetSize(), received.size());
+}
+
+TEST(Frame, CopiesAreViewsOfTheSameBytesAndFreeNothing) {
+  std::array<std::uint8_t, 5> received{1, 2, 3, 4, 5};
+  FilledFrame frame;
+  frame.fill(received);
+  {
+    const CParse copy(frame);
+    CParse assigned;
+    assigned = frame;
+    EXPECT_EQ(copy.GetBuf(), received.data());
+    EXPECT_EQ(copy.GetSize(), received.size());
+    EXPECT_EQ(assigned.GetBuf(), received.data());
+    EXPECT_EQ(assigned.GetSize(), received.size());
+  }
+  EXPECT_EQ(frame.GetBuf(), received.data());
+  EXPECT_EQ(received, (std::array<std::uint8_t, 5>{1, 2, 3, 4, 5}));
 }
 
 TEST(FrameLayout, HasTheSizeAfterThePointerAndTwoFields) {
