@@ -46,8 +46,8 @@ TEST_F(ConsoleTest, BrokenScenarioIsToldWithItsLine) {
   EXPECT_EQ(std::ranges::count(ended.errors, '\n'), 1);
 }
 
-TEST_F(ConsoleTest, ErrorSteersNoTerminalAndKeepsItsCharacters) {
-  const auto file = scenario(L"steering.xml",
+TEST_F(ConsoleTest, ErrorGivesTheTerminalNoControlCharactersAndKeepsItsLetters) {
+  const auto file = scenario(L"control-characters.xml",
                              "<scenario><printer uid='p' manager-id='m' connection='\u5370\u00e9\u202e\u009b2J'/></scenario>");
   const auto ended = run({L"--scenario", file});
   EXPECT_EQ(ended.code, 2U);
