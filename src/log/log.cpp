@@ -3,6 +3,12 @@
 #include <cstring>
 #include <iterator>
 
+#if defined(_MSC_VER)
+#define NOT_INLINED __declspec(noinline)
+#else
+#define NOT_INLINED [[gnu::noinline]]
+#endif
+
 std::uint32_t g_logMask = 0;
 wchar_t g_logPath[LOG_PATH_UNITS] = {};
 HANDLE g_logSemaphore = nullptr;
@@ -124,6 +130,25 @@ LONGLONG appendToFile(const wchar_t* buffer, std::uint32_t byteCount) {
   return size.QuadPart;
 }
 
+// Inlined into WriteLog, a call that is switched off would touch the far end of a frame with room for a line, and so keep up
+// to two more pages of each thread's stack in memory.
+NOT_INLINED void writeLine(std::uint32_t level, const char* function, std::int32_t line, const wchar_t* format,
+                           std::va_list arguments) {
+  wchar_t buffer[kLineUnits];
+  std::size_t end = 0;
+  if (!appendTime(buffer, end)) return;
+  const wchar_t* tag = tagOf(level);
+  if (tag == nullptr || !appendPrefix(buffer, end, L"[%ws] ", tag)) return;
+  wchar_t name[kNameUnits] = {};
+  widenFunction(function, name);
+  if (!appendPrefix(buffer, end, L"[%ws] ", name) || !appendPrefix(buffer, end, L"[%d] ", line)) return;
+
+  // Dropped even when it brings its own line end: what counts is where the message ends.
+  if (!appendPiece(buffer, end, format, arguments) || end >= kLineUnits - kLineEndUnits) return;
+  endLine(buffer, end);
+  LogAppend(buffer, static_cast<std::uint32_t>(end * sizeof(wchar_t)));
+}
+
 }  // namespace
 
 bool LogSwitchOn(const wchar_t* section, const wchar_t* key) {
@@ -152,24 +177,10 @@ void LogInit(const wchar_t* path, int /*reserved*/, const wchar_t* section) {
 
 void WriteLog(std::uint32_t level, const char* function, std::int32_t line, const wchar_t* format, ...) {
   if ((level & g_logMask) == 0) return;
-
-  wchar_t buffer[kLineUnits];
-  std::size_t end = 0;
-  if (!appendTime(buffer, end)) return;
-  const wchar_t* tag = tagOf(level);
-  if (tag == nullptr || !appendPrefix(buffer, end, L"[%ws] ", tag)) return;
-  wchar_t name[kNameUnits] = {};
-  widenFunction(function, name);
-  if (!appendPrefix(buffer, end, L"[%ws] ", name) || !appendPrefix(buffer, end, L"[%d] ", line)) return;
-
   std::va_list arguments;
   va_start(arguments, format);
-  const bool formatted = appendPiece(buffer, end, format, arguments);
+  writeLine(level, function, line, format, arguments);
   va_end(arguments);
-  // Dropped even when it brings its own line end: what counts is where the message ends.
-  if (!formatted || end >= kLineUnits - kLineEndUnits) return;
-  endLine(buffer, end);
-  LogAppend(buffer, static_cast<std::uint32_t>(end * sizeof(wchar_t)));
 }
 
 void LogAppend(const wchar_t* buffer, std::uint32_t byteCount) {
