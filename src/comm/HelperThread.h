@@ -1,6 +1,7 @@
 #pragma once
 
 #include <condition_variable>
+#include <exception>
 #include <future>
 #include <memory>
 #include <mutex>
@@ -24,9 +25,11 @@ class HelperThread {
   HelperThread(const HelperThread&) = delete;
   HelperThread& operator=(const HelperThread&) = delete;
 
-  /// Runs `work` on the helper thread; the one launched before must have completed. What `work` returns or throws comes out of
-  /// the future. `work`, and what it holds, is destroyed before the future is ready: an owner that keeps its own reference
-  /// until then knows that the helper does not drop the last one. Throws `std::system_error` when the thread cannot be started.
+  /// Runs `work` on the helper thread, after the one that was launched before. What `work` returns or throws comes out of the
+  /// future, whose `wait` and `get` wait for the thread. `work`, and what it holds, is destroyed before they return: an owner
+  /// that keeps its own reference until then knows that the helper does not drop the last one. The future is a deferred one:
+  /// dropped, it waits for nothing; it must not be waited for once the helper is gone. Throws `std::system_error` when the
+  /// thread cannot be started.
   template <class Work>
   std::future<std::invoke_result_t<Work&>> launch(Work work);
 
@@ -42,15 +45,19 @@ class HelperThread {
   template <class Work>
   class JobOf;
 
-  void start(std::unique_ptr<Job> job);
-  std::unique_ptr<Job> nextJob() NO_THREAD_SAFETY_ANALYSIS;  // waits with std::unique_lock, which the checker does not know
+  // These wait with std::unique_lock, which the checker does not know.
+  void start(std::shared_ptr<Job> job) NO_THREAD_SAFETY_ANALYSIS;
+  void waitUntilIdle() NO_THREAD_SAFETY_ANALYSIS;
+  std::shared_ptr<Job> nextJob() NO_THREAD_SAFETY_ANALYSIS;
   void runJobs();
 
   std::thread m_thread;  // the owner's
 
   std::mutex m_mutex;
-  std::condition_variable m_changed;
-  std::unique_ptr<Job> m_job GUARDED_BY(m_mutex);
+  std::condition_variable m_changed;  // for the thread: a job, or the end
+  std::condition_variable m_done;     // for the owner
+  std::shared_ptr<Job> m_job GUARDED_BY(m_mutex);
+  bool m_idle GUARDED_BY(m_mutex) = true;  // no job is waiting or in hand
   bool m_ending GUARDED_BY(m_mutex) = false;
 };
 
@@ -61,19 +68,21 @@ class HelperThread::JobOf final : public Job {
 
   explicit JobOf(Work work) : m_work(std::move(work)) {}
 
-  std::future<Result> future() { return m_promise.get_future(); }
-
   void run() override {
     try {
       if constexpr (std::is_void_v<Result>) {
         consumeWork();
-        m_promise.set_value();
       } else {
-        m_promise.set_value(consumeWork());
+        m_result.emplace(consumeWork());
       }
     } catch (...) {
-      m_promise.set_exception(std::current_exception());
+      m_error = std::current_exception();
     }
+  }
+
+  Result takeResult() {
+    if (m_error) std::rethrow_exception(m_error);
+    if constexpr (!std::is_void_v<Result>) return std::move(*m_result);
   }
 
  private:
@@ -83,14 +92,22 @@ class HelperThread::JobOf final : public Job {
     return work();
   }
 
+  struct Nothing {};
+
   std::optional<Work> m_work;
-  std::promise<Result> m_promise;
+  std::optional<std::conditional_t<std::is_void_v<Result>, Nothing, Result>> m_result;
+  std::exception_ptr m_error;
 };
 
 template <class Work>
 std::future<std::invoke_result_t<Work&>> HelperThread::launch(Work work) {
-  auto job = std::make_unique<JobOf<Work>>(std::move(work));
-  auto future = job->future();
+  auto job = std::make_shared<JobOf<Work>>(std::move(work));
+  // Not a promise's future: where there is no futex, the library fulfils a promise under the lock that its waiter then needs,
+  // which costs two more switches a run.
+  auto future = std::async(std::launch::deferred, [this, job] {
+    waitUntilIdle();
+    return job->takeResult();
+  });
   start(std::move(job));
   return future;
 }

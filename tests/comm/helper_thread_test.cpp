@@ -74,6 +74,24 @@ TEST(HelperThreadTest, WorkIsDestroyedBeforeItsFutureIsReadyAlsoWhenItThrows) {
   }
 }
 
+// Or the end of the first run would pass for that of the second, which has no result yet.
+TEST(HelperThreadTest, DroppedFutureLeavesTheNextLaunchItsOwnResult) {
+  HelperThread helper;
+  for (int round = 1; round <= 200; ++round) {
+    std::promise<void> begun;
+    std::promise<void> released;
+    static_cast<void>(helper.launch([&begun, gate = released.get_future().share()] {
+      begun.set_value();
+      gate.wait();
+    }));
+    begun.get_future().wait();
+    std::thread releasing([&released] { released.set_value(); });
+    auto second = helper.launch([round] { return round; });
+    ASSERT_EQ(second.get(), round);
+    releasing.join();
+  }
+}
+
 TEST(HelperThreadTest, FailureToStartReachesTheCallerAndTheNextLaunchTriesAgain) {
   HelperThread helper;
   {
