@@ -1,5 +1,6 @@
 # tinyxml2 9.0.0 from the distribution's source package. `./dev` fetches the archive into build/downloads.
 include_guard()
+include(SourcePackage)
 
 if(MSVC)
   # From vcpkg, compiled so that its objects export themselves (cmake/triplets), hence linked whole. So what should be private to
@@ -18,27 +19,8 @@ set(TINYXML2_ARCHIVE "${CMAKE_SOURCE_DIR}/build/downloads/tinyxml2_9.0.0+dfsg.or
     CACHE FILEPATH "The source archive of tinyxml2 9.0.0")
 set(TINYXML2_SHA256 96510f47a5db537f70dff3e83dd71fd2180cbba4aa76c589a549467e7f34bc9b)
 
-if(NOT EXISTS "${TINYXML2_ARCHIVE}")
-  message(FATAL_ERROR "${TINYXML2_ARCHIVE} is missing. Run ./dev setup, which fetches it.")
-endif()
-file(SHA256 "${TINYXML2_ARCHIVE}" actual)
-if(NOT actual STREQUAL TINYXML2_SHA256)
-  message(FATAL_ERROR "${TINYXML2_ARCHIVE} is not the expected file (SHA-256 ${actual}). Remove it and run ./dev setup.")
-endif()
-
-# Unpacked beside its place and then moved there: a run that is interrupted leaves no half of it behind.
+appcomm_unpack("${TINYXML2_ARCHIVE}" ${TINYXML2_SHA256} tinyxml2-9.0.0 tinyxml2.cpp)
 set(TINYXML2_SOURCE "${CMAKE_BINARY_DIR}/third-party/tinyxml2-9.0.0")
-if(NOT EXISTS "${TINYXML2_SOURCE}")
-  set(unpacked "${CMAKE_BINARY_DIR}/third-party/unpacked")
-  file(REMOVE_RECURSE "${unpacked}")
-  file(ARCHIVE_EXTRACT INPUT "${TINYXML2_ARCHIVE}" DESTINATION "${unpacked}")
-  if(NOT EXISTS "${unpacked}/tinyxml2-9.0.0/tinyxml2.cpp")
-    message(FATAL_ERROR "${TINYXML2_ARCHIVE} does not contain tinyxml2-9.0.0/tinyxml2.cpp.")
-  endif()
-  file(RENAME "${unpacked}/tinyxml2-9.0.0" "${TINYXML2_SOURCE}")
-  file(REMOVE_RECURSE "${unpacked}")
-endif()
-
 set(TINYXML2_INCLUDE_DIR "${TINYXML2_SOURCE}")
 set(TINYXML2_LICENCE "${TINYXML2_SOURCE}/LICENSE.txt")
 

@@ -1,0 +1,19 @@
+#define _WIN32_WINNT 0x0A00  // WaitOnAddress
+#include <windows.h>
+
+#include "bench/Word.h"
+
+namespace bench {
+
+void Word::set(std::uint32_t value) {
+  m_value.store(value);
+  ::WakeByAddressSingle(&m_value);
+}
+
+std::uint32_t Word::waitWhile(std::uint32_t value) {
+  auto now = m_value.load();
+  for (; now == value; now = m_value.load()) ::WaitOnAddress(&m_value, &value, sizeof(value), INFINITE);
+  return now;
+}
+
+}  // namespace bench

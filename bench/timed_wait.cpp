@@ -1,0 +1,206 @@
+/// A timed wait that a post ends early, and all that belongs to it: the clock that would have ended it is started before and
+/// stopped after. How a list's worker waits for its turn.
+
+#include <asio/executor_work_guard.hpp>
+#include <asio/io_context.hpp>
+#include <asio/steady_timer.hpp>
+#include <atomic>
+#include <chrono>
+#include <functional>
+#include <future>
+#include <thread>
+
+#include "bench/PingPong.h"
+#include "comm/HelperThread.h"
+#include "comm/Semaphore.h"
+#include "comm/Timer.h"
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto kWait = 60'000ms;  // never runs out
+
+// Whoever ends the wait, as `Stop` or `StartNPA` on a thread of the application. The same, with the same cost, for all.
+class Poster {
+ public:
+  explicit Poster(comm::Semaphore& semaphore) : m_semaphore(semaphore), m_thread(&Poster::serve, this) {}
+  ~Poster() {
+    m_word.set(2);
+    m_thread.join();
+  }
+  Poster(const Poster&) = delete;
+  Poster& operator=(const Poster&) = delete;
+
+  // Does not wait for the post.
+  void ask() { m_word.set(1); }
+
+ private:
+  void serve() {
+    while (m_word.waitWhile(0) != 2) {
+      m_word.set(0);
+      m_semaphore.post();
+    }
+  }
+
+  comm::Semaphore& m_semaphore;
+  bench::Word m_word;
+  std::thread m_thread;
+};
+
+// `Timekeeper` has start(milliseconds, function) and stop().
+template <class Timekeeper>
+void endedByPost(benchmark::State& state, Timekeeper& timekeeper) {
+  comm::Semaphore wakeup;
+  Poster poster(wakeup);
+  for (auto _ : state) {
+    timekeeper.start(kWait, [&wakeup] { wakeup.post(); });
+    poster.ask();
+    wakeup.wait();
+    timekeeper.stop();
+  }
+}
+
+void timer(benchmark::State& state) {
+  comm::HelperThread helper;
+  comm::Timer timer(&helper);
+  endedByPost(state, timer);
+}
+
+// The wait itself, shared by the two that follow: until it is stopped, or the time has passed.
+class StoppableWait {
+ public:
+  void begin() {
+    const std::lock_guard lock(m_mutex);
+    m_stopped = false;
+  }
+  bool runsOut(std::chrono::milliseconds period) {
+    std::unique_lock lock(m_mutex);
+    return !m_condition.wait_for(lock, period, [this] { return m_stopped; });
+  }
+  void stop() {
+    {
+      const std::lock_guard lock(m_mutex);
+      m_stopped = true;
+    }
+    m_condition.notify_one();
+  }
+
+ private:
+  std::mutex m_mutex;
+  std::condition_variable m_condition;
+  bool m_stopped = false;
+};
+
+class AsyncTimekeeper {
+ public:
+  void start(std::chrono::milliseconds period, std::function<void()> callback) {
+    m_wait.begin();
+    m_task = std::async(std::launch::async, [this, period, callback = std::move(callback)] {
+      while (m_wait.runsOut(period)) callback();
+    });
+  }
+  void stop() {
+    m_wait.stop();
+    m_task.wait();
+  }
+
+ private:
+  StoppableWait m_wait;
+  std::future<void> m_task;
+};
+
+// A thread of its own, parked in between; `stop` returns when the thread has let go of the callback.
+class ParkedTimekeeper {
+ public:
+  ParkedTimekeeper() : m_thread(&ParkedTimekeeper::serve, this) {}
+  ~ParkedTimekeeper() {
+    change(m_started, [this] { m_ending = true; });
+    m_thread.join();
+  }
+  ParkedTimekeeper(const ParkedTimekeeper&) = delete;
+  ParkedTimekeeper& operator=(const ParkedTimekeeper&) = delete;
+
+  void start(std::chrono::milliseconds period, std::function<void()> callback) {
+    change(m_started, [&] {
+      m_period = period;
+      m_callback = std::move(callback);
+      m_running = true;
+    });
+  }
+  void stop() {
+    change(m_stopping, [this] { m_running = false; });
+    std::unique_lock lock(m_mutex);
+    while (m_callback) m_stopped.wait(lock);
+  }
+
+ private:
+  template <class Edit>
+  void change(std::condition_variable& condition, Edit edit) {
+    {
+      const std::lock_guard lock(m_mutex);
+      edit();
+    }
+    condition.notify_one();
+  }
+
+  void serve() {
+    std::unique_lock lock(m_mutex);
+    while (true) {
+      while (!m_callback && !m_ending) m_started.wait(lock);
+      if (m_ending) return;
+      while (m_running) {
+        if (!m_stopping.wait_for(lock, m_period, [this] { return !m_running; })) m_callback();
+      }
+      m_callback = nullptr;
+      m_stopped.notify_one();
+    }
+  }
+
+  std::mutex m_mutex;
+  std::condition_variable m_started;
+  std::condition_variable m_stopping;
+  std::condition_variable m_stopped;
+  std::chrono::milliseconds m_period{0};
+  std::function<void()> m_callback;
+  bool m_running = false;
+  bool m_ending = false;
+  std::thread m_thread;  // last: it uses the others
+};
+
+// `stop` only cancels: the callback may still be under way when it returns.
+class AsioTimekeeper {
+ public:
+  ~AsioTimekeeper() {
+    m_work.reset();
+    m_thread.join();
+  }
+
+  void start(std::chrono::milliseconds period, std::function<void()> callback) {
+    m_timer.expires_after(period);
+    m_timer.async_wait([callback = std::move(callback)](const asio::error_code& error) {
+      if (!error) callback();
+    });
+  }
+  void stop() { m_timer.cancel(); }
+
+ private:
+  asio::io_context m_context{1};
+  asio::executor_work_guard<asio::io_context::executor_type> m_work = asio::make_work_guard(m_context);
+  asio::steady_timer m_timer{m_context};
+  std::thread m_thread{[this] { m_context.run(); }};
+};
+
+template <class Timekeeper>
+void with(benchmark::State& state) {
+  Timekeeper timekeeper;
+  endedByPost(state, timekeeper);
+}
+
+BENCHMARK(bench::pingPong)->Name("ping_pong")->UseRealTime();
+BENCHMARK(timer)->Name("timer")->UseRealTime();
+BENCHMARK(with<AsyncTimekeeper>)->Name("std_async")->UseRealTime();
+BENCHMARK(with<ParkedTimekeeper>)->Name("parked_thread")->UseRealTime();
+BENCHMARK(with<AsioTimekeeper>)->Name("asio_steady_timer")->UseRealTime();
+
+}  // namespace
