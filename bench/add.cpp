@@ -77,9 +77,10 @@ void walk(benchmark::State& state) {
   for (auto _ : state) {
     const auto begin = Clock::now();
     for (const auto& task : tasks) {
+      const std::wstring& uid = task->getUID();
       const std::lock_guard lock(comm::g_registry.lock);
       for (const auto& list : comm::g_registry.lists) {
-        if (list->m_uid != task->getUID()) continue;
+        if (list->m_uid != uid) continue;
         benchmark::DoNotOptimize(list.get());
         break;
       }

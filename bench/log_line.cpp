@@ -53,14 +53,19 @@ void requireLines(benchmark::State& state, std::size_t lineBytes) {
 }
 
 template <class Write>
-void writeLines(benchmark::State& state, Write write) {
-  const LogOn log;
-  write();  // makes the file
-  ::DeleteFileW(kPath);
+void countAllocations(benchmark::State& state, Write write) {
   const auto before = bench::allocationCount();
   for (auto _ : state) write();
   const auto allocations = bench::allocationCount() - before;
   state.counters["allocations"] = static_cast<double>(allocations) / static_cast<double>(state.iterations());
+}
+
+template <class Write>
+void writeLines(benchmark::State& state, Write write) {
+  const LogOn log;
+  write();  // makes the file
+  ::DeleteFileW(kPath);
+  countAllocations(state, write);
   requireLines(state, std::wcslen(kLine) * sizeof(wchar_t));
 }
 
@@ -85,7 +90,7 @@ void spdlogFlushed(benchmark::State& state) {
   logger->set_pattern("%Y-%m-%d %H:%M:%S.%e [%l] [%!] [%#] %v");
   const spdlog::source_loc where("log_line.cpp", 163, kFunction);
   const char* uid = "USB/office/printer-0001";
-  for (auto _ : state) logger->log(where, spdlog::level::debug, "Communication end, uid: {}, result: {}", uid, 0);
+  countAllocations(state, [&] { logger->log(where, spdlog::level::debug, "Communication end, uid: {}, result: {}", uid, 0); });
   spdlog::drop_all();
 }
 
