@@ -1,4 +1,4 @@
-/// `Add` of a task whose type its list does not have yet, while a thousand printers are registered and this one is the last.
+/// `Add` of a task whose type its list does not have yet, while many printers are registered and this one is the last.
 
 #include <benchmark/benchmark.h>
 
@@ -15,17 +15,16 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-constexpr int kPrinters = 1000;
 constexpr int kTypes = 22;
 
-std::wstring uidOf(int printer) { return L"NET/office/printer-" + std::to_wstring(1000 + printer); }
+std::wstring uidOf(int printer) { return L"NET/office/printer-" + std::to_wstring(100000 + printer); }
 
 // Registered without workers: nothing takes the tasks out again behind the measurement's back.
 class Printers {
  public:
-  Printers() {
+  explicit Printers(int count) {
     const std::lock_guard lock(comm::g_registry.lock);
-    for (int printer = 0; printer < kPrinters; ++printer) {
+    for (int printer = 0; printer < count; ++printer) {
       comm::g_registry.lists.push_back(std::make_shared<comm::CList>(uidOf(printer), 1000));
     }
     m_last = comm::g_registry.lists.back();
@@ -43,9 +42,9 @@ class Printers {
   std::shared_ptr<comm::CList> m_last;
 };
 
-std::vector<std::shared_ptr<AppComm::Node>> newTasks() {
+std::vector<std::shared_ptr<AppComm::Node>> newTasks(int printers) {
   const auto printer = std::make_shared<qzstd::PrinterInfo>();
-  printer->uid = uidOf(kPrinters - 1);
+  printer->uid = uidOf(printers - 1);
   std::vector<std::shared_ptr<AppComm::Node>> tasks;
   for (int type = 0; type < kTypes; ++type) {
     tasks.push_back(AppComm::Node::Instance(printer, nullptr, 0, static_cast<AppComm::Type>(type)));
@@ -58,9 +57,9 @@ void setSecondsPerCall(benchmark::State& state, Clock::duration elapsed) {
 }
 
 // One iteration is a task of each type into an empty list; the time is that of one of them.
-void add(benchmark::State& state) {
-  Printers printers;
-  const auto tasks = newTasks();
+void add(benchmark::State& state, int count) {
+  Printers printers(count);
+  const auto tasks = newTasks(count);
   for (auto _ : state) {
     std::deque<std::shared_ptr<comm::CNode>> entries;
     const auto begin = Clock::now();
@@ -71,9 +70,9 @@ void add(benchmark::State& state) {
   }
 }
 
-void walk(benchmark::State& state) {
-  const Printers printers;
-  const auto tasks = newTasks();
+void walk(benchmark::State& state, int count) {
+  const Printers printers(count);
+  const auto tasks = newTasks(count);
   for (auto _ : state) {
     const auto begin = Clock::now();
     for (const auto& task : tasks) {
@@ -89,7 +88,15 @@ void walk(benchmark::State& state) {
   }
 }
 
-BENCHMARK(walk)->Name("walk_alone")->UseManualTime();
-BENCHMARK(add)->Name("add")->UseManualTime();
+bool registerAll() {
+  for (const int count : {1, 10, 100, 1000, 5000}) {
+    const std::string place = "_last_of_" + std::to_string(count);
+    benchmark::RegisterBenchmark(("walk" + place).c_str(), walk, count)->UseManualTime();
+    benchmark::RegisterBenchmark(("add" + place).c_str(), add, count)->UseManualTime();
+  }
+  return true;
+}
+
+const bool g_registered = registerAll();
 
 }  // namespace

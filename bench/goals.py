@@ -30,8 +30,8 @@ GOALS = [
         "log_line/bare_calls_and_formatting": "the same, and the runtime's calls that make the text",
         "log_line/spdlog_flushed": "spdlog, flushed per line, its file kept open",
     }),
-    Goal("`Add` of a new type into a list, last of 1,000 printers, warm", "add/add", "add/walk_alone", "time", {"host": 10.0}, {
-        "add/walk_alone": "the walk to the list alone (the unit)",
+    Goal("`Add` of a new type into a list, last of 1,000 printers, warm", "add/add_last_of_1000", "add/walk_last_of_1000", "time", {"host": 10.0}, {
+        "add/walk_last_of_1000": "the walk to the list alone (the unit)",
     }),
     Goal("the state handler's own cost beyond its library calls and its notice, logging off", "handler/state_handler",
          "handler/bare_library_calls", "difference", {"host": 2.0}, {

@@ -2,6 +2,7 @@
 
 import goals
 import results as results_of
+import scale
 
 BEGIN = "<!-- measured: begin -->"
 END = "<!-- measured: end -->"
@@ -65,6 +66,8 @@ def text(results):
     lines.append("")
     for target in results["targets"]:
         lines += target_lines(target, results)
+    if results["scale"]:
+        lines += scale.table_lines(results["scale"], results["targets"].get("host", {}))
     return "\n".join(lines)
 
 
@@ -91,4 +94,16 @@ def comparison(old, new):
         for name in shared:
             was, is_now = results_of.median(before[name]), results_of.median(now[name])
             lines.append(f"  {name:<50} {duration(was):>10} {duration(is_now):>10} {is_now / was:>8.2f}")
-    return "\n".join(lines)
+    return "\n".join(lines + scale_comparison(old.get("scale") or {}, new["scale"]))
+
+
+def scale_comparison(old, new):
+    lines = []
+    for mode, counts in new.items():
+        for count, figures in counts.items():
+            before = old.get(mode, {}).get(count, {})
+            for name, now in figures.items():
+                was = before.get(name, 0)
+                if was > 0:
+                    lines.append(f"  {mode + ' ' + count + ' ' + name:<50} {rounded(was):>10} {rounded(now):>10} {now / was:>8.2f}")
+    return ["scale", *lines] if lines else []
