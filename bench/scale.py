@@ -5,19 +5,26 @@ import results as results_of
 COUNTS = [1, 10, 100, 1000, 5000]
 GOAL_COUNT = 1000
 INTERVAL_MS = 1000
+# A kernel's table with room for every thread, where a process may choose it (Linux 6.16 and later).
+SLOTS = 8192
 
 # Goals at GOAL_COUNT printers.
 MOST_PROCESSOR_RATIO = 2.0
 MOST_KILOBYTES = 28.0
 
 
-def plan(quick):
-    """Arguments of bench_scale, in the order in which they are run. The run that has goals is the long one."""
+def plan(quick, wide):
+    """What is run, in this order: the kind, the number of printers, and the arguments of bench_scale. The counts with goals are
+    measured longest. `wide`: the kernel lets a process choose the size of its table."""
+    counts = [1, 10] if quick else COUNTS
+    goal_count = counts[-1] if quick else GOAL_COUNT
     runs = []
-    for count in [1, 10] if quick else COUNTS:
+    for count in counts:
         seconds = 2 if quick else 60 if count == GOAL_COUNT else 20
-        runs += [("lists", count, seconds), ("threads", count, seconds)]
-    return runs + [("end", 10 if quick else GOAL_COUNT, None)]
+        runs += [(mode, count, [mode, count, seconds]) for mode in ("lists", "threads")]
+        if wide and count >= goal_count:
+            runs += [("wide_" + mode, count, [mode, count, seconds, SLOTS]) for mode in ("lists", "threads")]
+    return runs + [("end", goal_count, ["end", goal_count])]
 
 
 def read_figures(output):
@@ -41,12 +48,13 @@ def goal_lines(scale):
     end = scale["end"].get(str(GOAL_COUNT))
     if not (ours and bare and end):
         return []
-    processor = round(ours["processor_ms_per_s"] / bare["processor_ms_per_s"], 2)
+    processor = processor_ratio(scale, "")
     kilobytes = round(ours["resident_kb_each"], 1)
     missing = [name for name, one in (("module", ours), ("bare threads", bare)) if one["fewest_reads"] < one["most_reads"] - 2]
     return [
         f"| **{GOAL_COUNT} printers, state every second, 1 ms reads: processor time, in that of bare threads** | "
         f"≤ {MOST_PROCESSOR_RATIO:g} | **{judged(processor, MOST_PROCESSOR_RATIO)}** |",
+        *wide_lines(scale),
         f"| **the same: was a printer starved?** | none | **{'no, met' if not missing else 'yes: ' + ', '.join(missing)}** "
         f"(reads of each printer: {ours['fewest_reads']:.0f} to {ours['most_reads']:.0f}; "
         f"bare threads: {bare['fewest_reads']:.0f} to {bare['most_reads']:.0f}) |",
@@ -58,12 +66,27 @@ def goal_lines(scale):
     ]
 
 
+def processor_ratio(scale, kind):
+    ours, bare = (scale[kind + mode][str(GOAL_COUNT)]["processor_ms_per_s"] for mode in ("lists", "threads"))
+    return round(ours / bare, 2)
+
+
+def wide_lines(scale):
+    if str(GOAL_COUNT) not in scale.get("wide_threads", {}):
+        return []
+    return [f"| the same, with {SLOTS} slots in the kernel's table of sleeping threads instead of 4 per CPU | | "
+            f"{processor_ratio(scale, 'wide_')} |"]
+
+
 def growth_lines(scale, rounds):
     lines = ["| printers | `Add`, new type | threads | memory each | processor time per s | lateness median | p99 | worst |",
              "|---|---|---|---|---|---|---|---|"]
     for count in counts_of(scale):
-        for mode, label in (("lists", f"**{count}**"), ("threads", f"{count} bare threads")):
-            one = scale[mode][str(count)]
+        for mode, label in (("lists", f"**{count}**"), ("threads", f"{count} bare threads"),
+                            ("wide_lists", f"**{count}**, {SLOTS} slots"), ("wide_threads", f"{count} bare threads, {SLOTS} slots")):
+            one = scale.get(mode, {}).get(str(count))
+            if one is None:
+                continue
             add = rounds.get(f"add/add_last_of_{count}") if mode == "lists" else None
             add_text = f"{results_of.median(add) / 1000:.2f} µs" if add else "–"
             lines.append(f"| {label} | {add_text} | {one['threads']:.0f} | {one['resident_kb_each']:.1f} KB | "
