@@ -27,7 +27,7 @@ void widen(const char* function, wchar_t (&name)[128]) {
 
 }  // namespace
 
-void writeBareLine(const wchar_t* path, HANDLE semaphore, const char* function, const wchar_t* line, std::uint32_t bytes) {
+void writeReadyLine(const wchar_t* path, HANDLE semaphore, const char* function, const wchar_t* line, std::uint32_t bytes) {
   SYSTEMTIME time{};
   ::GetLocalTime(&time);
   wchar_t name[128];
@@ -35,7 +35,7 @@ void writeBareLine(const wchar_t* path, HANDLE semaphore, const char* function, 
   append(path, semaphore, line, bytes);
 }
 
-void formatAndWriteBareLine(const wchar_t* path, HANDLE semaphore, const char* function, const wchar_t* uid) {
+void writeBareLine(const wchar_t* path, HANDLE semaphore, const char* function, const wchar_t* uid) {
   SYSTEMTIME time{};
   ::GetLocalTime(&time);
   wchar_t name[128];

@@ -1,5 +1,5 @@
-/// A log line while its level is on, beside the same calls into the platform without the log around them. Each line opens,
-/// appends to and closes a file that processes share, as the log's contract has it.
+/// A log line while its level is on, beside the same calls into the platform and its runtime without the log around them. Each
+/// line opens, appends to and closes a file that processes share, as the log's contract has it.
 
 #include <benchmark/benchmark.h>
 #include <spdlog/sinks/basic_file_sink.h>
@@ -76,13 +76,13 @@ void enabledLine(benchmark::State& state) {
   writeLines(state, [] { WriteLog(LOG_DEBUG, kFunction, 163, L"Communication end, uid: %ws, result: %d", kUid, 0); });
 }
 
-void barePlatformCalls(benchmark::State& state) {
+void bareCallsTextReady(benchmark::State& state) {
   const auto bytes = static_cast<std::uint32_t>(std::wcslen(kLine) * sizeof(wchar_t));
-  writeLines(state, [bytes] { bench::writeBareLine(kPath, g_logSemaphore, kFunction, kLine, bytes); });
+  writeLines(state, [bytes] { bench::writeReadyLine(kPath, g_logSemaphore, kFunction, kLine, bytes); });
 }
 
-void bareCallsAndFormatting(benchmark::State& state) {
-  writeLines(state, [] { bench::formatAndWriteBareLine(kPath, g_logSemaphore, kFunction, kUid); });
+void bareCalls(benchmark::State& state) {
+  writeLines(state, [] { bench::writeBareLine(kPath, g_logSemaphore, kFunction, kUid); });
 }
 
 // Keeps its file open and knows no other process.
@@ -100,8 +100,8 @@ void spdlogFlushed(benchmark::State& state) {
 // A fixed number of lines: a file that grew beyond 20 MiB would be rotated on the way.
 constexpr int kLines = 8000;
 
-BENCHMARK(barePlatformCalls)->Name("bare_platform_calls")->Iterations(kLines)->UseRealTime();
-BENCHMARK(bareCallsAndFormatting)->Name("bare_calls_and_formatting")->Iterations(kLines)->UseRealTime();
+BENCHMARK(bareCallsTextReady)->Name("bare_calls_text_ready")->Iterations(kLines)->UseRealTime();
+BENCHMARK(bareCalls)->Name("bare_calls")->Iterations(kLines)->UseRealTime();
 BENCHMARK(enabledLine)->Name("enabled_line")->Iterations(kLines)->UseRealTime();
 BENCHMARK(spdlogFlushed)->Name("spdlog_flushed")->Iterations(kLines)->UseRealTime();
 
