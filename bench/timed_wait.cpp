@@ -6,11 +6,18 @@
 #include <asio/steady_timer.hpp>
 #include <atomic>
 #include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <cstdlib>
 #include <functional>
 #include <future>
+#include <mutex>
 #include <thread>
+#include <utility>
 
 #include "bench/PingPong.h"
+#include "bench/WaitCount.h"
+#include "bench/Word.h"
 #include "comm/HelperThread.h"
 #include "comm/Semaphore.h"
 #include "comm/Timer.h"
@@ -21,7 +28,9 @@ using namespace std::chrono_literals;
 
 constexpr auto kWait = 60'000ms;  // never runs out
 
-// Whoever ends the wait, as `Stop` or `StartNPA` on a thread of the application. The same, with the same cost, for all.
+// Whoever ends the wait, as `Stop` or `StartNPA` on a thread of the application. The same, with the same cost, for all. It
+// holds its post back until the wait has begun: a stop that came first would save the wait, and something else would be
+// measured.
 class Poster {
  public:
   explicit Poster(comm::Semaphore& semaphore) : m_semaphore(semaphore), m_thread(&Poster::serve, this) {}
@@ -32,33 +41,42 @@ class Poster {
   Poster(const Poster&) = delete;
   Poster& operator=(const Poster&) = delete;
 
-  // Does not wait for the post.
-  void ask() { m_word.set(1); }
+  // `waits`: the count of waits before the one to be ended. Does not wait for the post.
+  void ask(std::uint64_t waits) {
+    m_waits.store(waits, std::memory_order_relaxed);
+    m_word.set(1);
+  }
 
  private:
   void serve() {
     while (m_word.waitWhile(0) != 2) {
       m_word.set(0);
+      bench::awaitCountOtherThan(m_waits.load(std::memory_order_relaxed));
       m_semaphore.post();
     }
   }
 
   comm::Semaphore& m_semaphore;
   bench::Word m_word;
-  std::thread m_thread;
+  std::atomic<std::uint64_t> m_waits{0};
+  std::thread m_thread;  // last: it uses the others
 };
 
-// `Timekeeper` has start(milliseconds, function) and stop().
+// `Timekeeper` has start(milliseconds, function) and stop(), and counts each wait when nothing can come before it any more.
 template <class Timekeeper>
 void endedByPost(benchmark::State& state, Timekeeper& timekeeper) {
   comm::Semaphore wakeup;
   Poster poster(wakeup);
+  const auto before = bench::waitCount();
   for (auto _ : state) {
+    const auto waits = bench::waitCount();
     timekeeper.start(kWait, [&wakeup] { wakeup.post(); });
-    poster.ask();
+    poster.ask(waits);
     wakeup.wait();
     timekeeper.stop();
   }
+  const auto waits = bench::waitCount() - before;
+  if (waits < static_cast<std::uint64_t>(state.iterations())) state.SkipWithError("not every timed wait took place");
 }
 
 void timer(benchmark::State& state) {
@@ -76,6 +94,8 @@ class StoppableWait {
   }
   bool runsOut(std::chrono::milliseconds period) {
     std::unique_lock lock(m_mutex);
+    if (m_stopped) return false;
+    bench::countWait();
     return !m_condition.wait_for(lock, period, [this] { return m_stopped; });
   }
   void stop() {
@@ -150,6 +170,7 @@ class ParkedTimekeeper {
       while (!m_callback && !m_ending) m_started.wait(lock);
       if (m_ending) return;
       while (m_running) {
+        bench::countWait();
         if (!m_stopping.wait_for(lock, m_period, [this] { return !m_running; })) m_callback();
       }
       m_callback = nullptr;
@@ -168,7 +189,7 @@ class ParkedTimekeeper {
   std::thread m_thread;  // last: it uses the others
 };
 
-// `stop` only cancels: the callback may still be under way when it returns.
+// `stop` only cancels: the callback may still be under way when it returns. The wait has begun when `async_wait` returns.
 class AsioTimekeeper {
  public:
   ~AsioTimekeeper() {
@@ -181,8 +202,11 @@ class AsioTimekeeper {
     m_timer.async_wait([callback = std::move(callback)](const asio::error_code& error) {
       if (!error) callback();
     });
+    bench::countWait();
   }
-  void stop() { m_timer.cancel(); }
+  void stop() {
+    if (m_timer.cancel() != 1) std::abort();  // nobody was waiting
+  }
 
  private:
   asio::io_context m_context{1};
