@@ -1,6 +1,7 @@
 #include "bench/BareCall.h"
 
 #include <cstdarg>
+#include <cstdint>
 #include <cwchar>
 
 namespace bench {

@@ -1,5 +1,7 @@
 #include "bench/BareLine.h"
 
+#include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <iterator>
 

@@ -1,5 +1,7 @@
 #include "bench/PingPong.h"
 
+#include <cstdint>
+
 namespace bench {
 namespace {
 

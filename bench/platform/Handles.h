@@ -1,8 +1,8 @@
 #pragma once
 
-#include <windows.h>
-
 #include <cstdint>
+
+#include "platform/WindowsApi.h"
 
 /// What a handle of the host's platform is: a file's descriptor, made odd, or the address of a semaphore, which is even.
 namespace bench {

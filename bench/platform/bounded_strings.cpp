@@ -1,9 +1,11 @@
 /// The runtime's bounded wide functions for the host, as far as the log needs them. Without allocation, unlike the tests' ones.
 
-#include <windows.h>
-
 #include <array>
+#include <cstdarg>
+#include <cstddef>
 #include <cwchar>
+
+#include "platform/WindowsApi.h"
 
 namespace {
 

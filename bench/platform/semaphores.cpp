@@ -2,13 +2,13 @@
 
 #include <fcntl.h>
 #include <semaphore.h>
-#include <windows.h>
 
 #include <array>
 #include <cstdlib>
 #include <ctime>
 
 #include "bench/platform/Handles.h"
+#include "platform/WindowsApi.h"
 
 namespace bench {
 

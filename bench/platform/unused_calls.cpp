@@ -1,10 +1,10 @@
 /// The host's platform for the benchmarks. What no benchmark needs ends the process with its name; what one does is defined,
 /// with the host's own calls, in the files beside this one, and takes the place of the weak definition here.
 
-#include <windows.h>
-
 #include <cstdio>
 #include <cstdlib>
+
+#include "platform/WindowsApi.h"
 
 namespace {
 

@@ -2,6 +2,8 @@
 #include <sys/syscall.h>
 #include <unistd.h>
 
+#include <cstdint>
+
 #include "bench/Word.h"
 
 namespace bench {

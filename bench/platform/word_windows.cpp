@@ -1,7 +1,5 @@
-#define _WIN32_WINNT 0x0A00  // WaitOnAddress
-#include <windows.h>
-
 #include "bench/Word.h"
+#include "platform/WindowsApi.h"
 
 namespace bench {
 
