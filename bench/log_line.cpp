@@ -5,8 +5,10 @@
 #include <spdlog/sinks/basic_file_sink.h>
 #include <spdlog/spdlog.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <cstdlib>
-#include <string>
+#include <cwchar>
 
 #include "bench/AllocationCount.h"
 #include "bench/BareLine.h"
@@ -56,7 +58,13 @@ void requireLines(benchmark::State& state, std::size_t lineBytes) {
 }
 
 template <class Write>
+void warmUp(Write write) {
+  for (int line = 0; line < kWarmUpLines; ++line) write();
+}
+
+template <class Write>
 void countAllocations(benchmark::State& state, Write write) {
+  bench::requireThatAllocationsAreCounted();
   const auto before = bench::allocationCount();
   for (auto _ : state) write();
   const auto allocations = bench::allocationCount() - before;
@@ -66,7 +74,7 @@ void countAllocations(benchmark::State& state, Write write) {
 template <class Write>
 void writeLines(benchmark::State& state, Write write) {
   const LogOn log;
-  for (int line = 0; line < kWarmUpLines; ++line) write();
+  warmUp(write);
   ::DeleteFileW(kPath);
   countAllocations(state, write);
   requireLines(state, std::wcslen(kLine) * sizeof(wchar_t));
@@ -93,7 +101,9 @@ void spdlogFlushed(benchmark::State& state) {
   logger->set_pattern("%Y-%m-%d %H:%M:%S.%e [%l] [%!] [%#] %v");
   const spdlog::source_loc where("log_line.cpp", 163, kFunction);
   const char* uid = "USB/office/printer-0001";
-  countAllocations(state, [&] { logger->log(where, spdlog::level::debug, "Communication end, uid: {}, result: {}", uid, 0); });
+  const auto write = [&] { logger->log(where, spdlog::level::debug, "Communication end, uid: {}, result: {}", uid, 0); };
+  warmUp(write);
+  countAllocations(state, write);
   spdlog::drop_all();
 }
 
