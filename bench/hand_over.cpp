@@ -5,11 +5,13 @@
 #include <asio/thread_pool.hpp>
 #include <asio/use_future.hpp>
 #include <future>
+#include <memory>
 
 #include "PrinterInfo.h"
 #include "bench/ParkedThread.h"
 #include "bench/PingPong.h"
 #include "comm/CList.h"
+#include "comm/HandlerTable.h"
 
 namespace {
 
@@ -18,12 +20,18 @@ std::shared_ptr<comm::CNode> newEntry() {
   return std::make_shared<comm::CNode>(AppComm::Node::Instance(printer, nullptr, 0, AppComm::Type::State));
 }
 
-// As `runFront` in src/comm/worker.cpp does it.
+// What `runFront` in src/comm/worker.cpp does between its two log lines, with the table of all handlers.
 void dispatch(benchmark::State& state) {
-  comm::HelperThread helper;
+  comm::CList list(L"USB/office/printer-0001", 1000);
+  comm::registerHandlers(list.m_handlers);
   const auto entry = newEntry();
-  const comm::Handler handler = [](std::shared_ptr<comm::CNode> /*entry*/) { return 0; };
-  for (auto _ : state) benchmark::DoNotOptimize(helper.launch([handler, entry] { return handler(entry); }).get());
+  const auto task = entry->current();
+  list.m_handlers[static_cast<int>(task->getType())] = [](std::shared_ptr<comm::CNode> /*entry*/) { return 0; };
+  for (auto _ : state) {
+    auto& handler = list.m_handlers[static_cast<int>(task->getType())];
+    const int result = list.m_helper.launch([handler, entry] { return handler(entry); }).get();
+    benchmark::DoNotOptimize(result);
+  }
 }
 
 void helperThread(benchmark::State& state) {
