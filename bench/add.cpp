@@ -4,6 +4,9 @@
 
 #include <chrono>
 #include <cstdlib>
+#include <deque>
+#include <memory>
+#include <mutex>
 #include <string>
 #include <vector>
 
@@ -90,9 +93,9 @@ void walk(benchmark::State& state, int count) {
 
 bool registerAll() {
   for (const int count : {1, 10, 100, 1000, 5000}) {
-    const std::string place = "_last_of_" + std::to_string(count);
-    benchmark::RegisterBenchmark(("walk" + place).c_str(), walk, count)->UseManualTime();
-    benchmark::RegisterBenchmark(("add" + place).c_str(), add, count)->UseManualTime();
+    const std::string number = std::to_string(count);
+    benchmark::RegisterBenchmark(("walk_last_of_" + number).c_str(), walk, count)->UseManualTime();
+    benchmark::RegisterBenchmark(("add_last_of_" + number).c_str(), add, count)->UseManualTime();
   }
   return true;
 }

@@ -1,65 +1,83 @@
-"""Results of a run: rounds of times in nanoseconds, kept as JSON. Written and read here, with what a minimal Python has: the
-same text is JSON and a Python literal, since nothing in it is true, false or null."""
+"""Results of a run: rounds of times in nanoseconds, and figures of many printers, kept as JSON."""
 
-import ast
+import json
+import math
+import os
+import statistics
 
-
-def median(values):
-    ordered = sorted(values)
-    middle = len(ordered) // 2
-    return ordered[middle] if len(ordered) % 2 else (ordered[middle - 1] + ordered[middle]) / 2
-
-
-def to_json(value, indent=0):
-    pad = " " * (indent + 1)
-    if isinstance(value, dict):
-        rows = [f"{pad}{quoted(str(key))}: {to_json(each, indent + 1)}" for key, each in value.items()]
-        return "{\n" + ",\n".join(rows) + "\n" + " " * indent + "}" if rows else "{}"
-    if isinstance(value, (list, tuple)):
-        return "[" + ", ".join(to_json(each) for each in value) + "]"
-    if isinstance(value, str):
-        return quoted(value)
-    return format(value, ".6g") if isinstance(value, float) else str(value)
+# What a run's figures are good for. Only a full run makes results.json and the page.
+REMARKS = {
+    "full": "",
+    "quick": "a quick run, whose figures mean little",
+    "partial": "a run of one part",
+    "unfinished": "a run that did not reach its end",
+}
 
 
-def quoted(text):
-    plain = text.encode("ascii", "replace").decode().replace("\\", "\\\\").replace('"', '\\"')
-    return '"' + "".join(character if character >= " " else " " for character in plain) + '"'
+def is_number(value):
+    return isinstance(value, (int, float)) and not isinstance(value, bool) and math.isfinite(value)
+
+
+def require(condition):
+    if not condition:
+        raise ValueError
+
+
+def check(results):
+    """Raises one of ValueError, TypeError, KeyError and AttributeError when these are not the results of a run."""
+    require(results["kind"] in REMARKS)
+    require(all(isinstance(text, str) for text in results["about"].values()))
+    require(all(is_number(count) for count in results["allocations"].values()))
+    for rounds in results["targets"].values():
+        require(len({len(times) for times in rounds.values()}) == 1)
+        require(all(times and all(is_number(time) and time > 0 for time in times) for times in rounds.values()))
+    for counts in results["scale"].values():
+        for count, repetitions in counts.items():
+            require(count.isdigit() and isinstance(repetitions, list) and repetitions)
+            require(all(is_number(value) for figures in repetitions for value in figures.values()))
 
 
 def load(path):
     """Raises ValueError, with a line for people, when the file is not the results of a run."""
     try:
         with open(path, encoding="utf-8") as file:
-            results = ast.literal_eval(file.read())
-        for rounds in results["targets"].values():
-            for times in rounds.values():
-                if not times or not all(isinstance(time, (int, float)) and time > 0 for time in times):
-                    raise ValueError
+            results = json.load(file)
+        check(results)
         return results
     except OSError as error:
         raise ValueError(f"{path} cannot be read: {error.strerror}.") from None
-    except (SyntaxError, ValueError, TypeError, KeyError, AttributeError):
-        raise ValueError(f"{path} is not the results of a run. Give a JSON file that ./dev bench has written.") from None
+    except (ValueError, TypeError, KeyError, AttributeError, RecursionError):
+        raise ValueError(f"{path} is not the results of a run. Give a JSON file that this ./dev bench has written.") from None
 
 
 def save(path, results):
-    with open(path, "w", encoding="utf-8") as file:
-        file.write(to_json(results) + "\n")
+    """The file is whole at any time."""
+    with open(path + ".new", "w", encoding="utf-8") as file:
+        json.dump(results, file, indent=1)
+        file.write("\n")
+    os.replace(path + ".new", path)
 
 
-def figure(goal, rounds):
-    """The goal's figure, median of the figures of all rounds, or None when it was not measured. What is compared was run in the
-    same round, so that a slower minute weighs on both."""
-    if goal.ours not in rounds or goal.unit not in rounds:
-        return None
-    pairs = zip(rounds[goal.ours], rounds[goal.unit])
-    if goal.kind == "ratio":
-        return median([ours / unit for ours, unit in pairs])
-    if goal.kind == "difference":
-        return median([(ours - unit) / 1000 for ours, unit in pairs])
-    return median(rounds[goal.ours]) / 1000
+def require_measured(names, target, rounds, count):
+    """Raises ValueError when one of these benchmarks is not in all `count` rounds."""
+    missing = sorted(name for name in names if len(rounds.get(name, [])) != count)
+    if missing:
+        raise ValueError(f"not measured in each of the {count} rounds ({target}): {', '.join(missing)}. Does the program still call it that?")
+
+
+def per_round(rounds, name, other):
+    """What is compared was run in the same round, so that a slower minute weighs on both."""
+    return list(zip(rounds[name], rounds[other]))
 
 
 def ratio(rounds, name, unit):
-    return median([time / one for time, one in zip(rounds[name], rounds[unit])])
+    return statistics.median(time / one for time, one in per_round(rounds, name, unit))
+
+
+def figure(goal, rounds):
+    """The goal's figure: the median of the figures of all rounds."""
+    if goal.kind == "ratio":
+        return ratio(rounds, goal.ours, goal.unit)
+    if goal.kind == "difference":
+        return statistics.median((ours - unit) / 1000 for ours, unit in per_round(rounds, goal.ours, goal.unit))
+    return statistics.median(rounds[goal.ours]) / 1000

@@ -1,8 +1,10 @@
 """The table of docs/performance.md, made from results."""
 
+import statistics
+
 import goals
+import growth
 import results as results_of
-import scale
 
 BEGIN = "<!-- measured: begin -->"
 END = "<!-- measured: end -->"
@@ -31,20 +33,31 @@ def goal_text(goal, target):
 def verdict(goal, target, figure):
     if target not in goal.most:
         return ""
-    return ", met" if figure <= goal.most[target] else f", **missed by {100 * (figure / goal.most[target] - 1):.0f} %**"
+    shown = float(rounded(figure))  # or the verdict would contradict what is read
+    return ", met" if shown <= goal.most[target] else f", **missed by {100 * (shown / goal.most[target] - 1):.0f} %**"
+
+
+def rival_texts(goal, name, rounds):
+    """What ours is to be beside this one, and whether it is."""
+    if name not in goal.ahead_of and name not in goal.level_with:
+        return "", ""
+    ours = results_of.ratio(rounds, goal.ours, name)
+    if name in goal.ahead_of:
+        words, reached = "ours is ahead", ours < 1
+    else:
+        words, reached = "ours is level or ahead", ours <= goals.LEVEL
+    return words, f"; ours takes {rounded(ours)} of it, {'met' if reached else '**missed**'}"
 
 
 def goal_rows(goal, target, rounds):
     figure = results_of.figure(goal, rounds)
-    if figure is None:
-        return []
-    ours = duration(results_of.median(rounds[goal.ours]))
+    ours = duration(statistics.median(rounds[goal.ours]))
     figure_or_both = ours if goal.kind == "time" else f"{figure_text(goal, figure)} ({ours})"
     rows = [f"| **{goal.what}** | {goal_text(goal, target)} | **{figure_or_both}**{verdict(goal, target, figure)} |"]
     for name, label in goal.beside.items():
-        if name in rounds:
-            times = duration(results_of.median(rounds[name]))
-            rows.append(f"| {label} | | {rounded(results_of.ratio(rounds, name, goal.unit))} ({times}) |")
+        words, reached = rival_texts(goal, name, rounds)
+        times = duration(statistics.median(rounds[name]))
+        rows.append(f"| {label} | {words} | {rounded(results_of.ratio(rounds, name, goal.unit))} ({times}){reached} |")
     return rows
 
 
@@ -53,9 +66,9 @@ def target_lines(target, results):
     lines = [f"### {HEADINGS[target]}", "", "| what | goal | measured |", "|---|---|---|"]
     for goal in goals.GOALS:
         lines += goal_rows(goal, target, rounds)
-    allocations = results["allocations"].get(target)
-    if allocations is not None:
-        lines.append(f"| **allocations of an enabled line** | 0 | **{allocations:g}**, {'met' if allocations == 0 else '**missed**'} |")
+    allocations = results["allocations"][target]
+    lines.append(f"| **allocations of an enabled line**{goals.ALLOCATIONS_UNSEEN[target]} | 0 | "
+                 f"**{allocations:g}**, {'met' if allocations == 0 else '**missed**'} |")
     return lines + [""]
 
 
@@ -67,7 +80,7 @@ def text(results):
     for target in results["targets"]:
         lines += target_lines(target, results)
     if results["scale"]:
-        lines += scale.table_lines(results["scale"], results["targets"].get("host", {}))
+        lines += growth.table_lines(results["scale"], results["targets"].get("host", {}))
     return "\n".join(lines)
 
 
@@ -81,29 +94,3 @@ def put_into(path, results):
     page = page[:begin] + BEGIN + "\n" + text(results) + page[end:]
     with open(path, "w", encoding="utf-8") as file:
         file.write(page)
-
-
-def comparison(old, new):
-    """Ratios new to old of every benchmark that both runs have. Whether that is much is for the reader, who knows the machine."""
-    lines = []
-    for target in new["targets"]:
-        before, now = old["targets"].get(target, {}), new["targets"][target]
-        shared = [name for name in now if name in before]
-        if shared:
-            lines += [f"{target:<52} {'old':>10} {'new':>10} {'new/old':>8}"]
-        for name in shared:
-            was, is_now = results_of.median(before[name]), results_of.median(now[name])
-            lines.append(f"  {name:<50} {duration(was):>10} {duration(is_now):>10} {is_now / was:>8.2f}")
-    return "\n".join(lines + scale_comparison(old.get("scale") or {}, new["scale"]))
-
-
-def scale_comparison(old, new):
-    lines = []
-    for mode, counts in new.items():
-        for count, figures in counts.items():
-            before = old.get(mode, {}).get(count, {})
-            for name, now in figures.items():
-                was = before.get(name, 0)
-                if was > 0:
-                    lines.append(f"  {mode + ' ' + count + ' ' + name:<50} {rounded(was):>10} {rounded(now):>10} {now / was:>8.2f}")
-    return ["scale", *lines] if lines else []

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <chrono>
 #include <condition_variable>
+#include <cstddef>
 #include <memory>
 #include <mutex>
 #include <thread>
@@ -10,6 +12,7 @@
 #include "Records.h"
 #include "bench/BenchWindow.h"
 #include "bench/scale/Printer.h"
+#include "comm/Semaphore.h"
 
 namespace bench {
 
@@ -41,23 +44,45 @@ class Lists final : public Population {
   std::vector<std::shared_ptr<AppComm::Node>> m_tasks;
 };
 
-/// Polled by one thread each, that waits and reads and does nothing else.
-class BareThreads final : public Population {
+/// The end of a poller's work, and its wait for the next read.
+class PollerStop {
  public:
-  using Population::Population;
-  ~BareThreads() override;
+  void stop();
+  bool stopped();
+  /// An interval long, or until it is stopped.
+  void waitForTurn();
+
+  comm::Semaphore wakeup;
+
+ private:
+  std::mutex m_mutex;
+  std::condition_variable m_condition;
+  bool m_stopped = false;
+};
+
+/// Waits and reads, and does nothing else.
+void pollPlainly(PollerStop& stop, Printer& printer);
+
+/// Has its wait ended by a `std::async` task, a new one each time, as a list's worker would without a thread kept for it.
+void pollByAsyncTimer(PollerStop& stop, Printer& printer);
+
+/// Polled by one thread each.
+class Threads final : public Population {
+ public:
+  using Poll = void (*)(PollerStop& stop, Printer& printer);
+
+  Threads(int count, int expectedReads, Poll poll);
+  ~Threads() override;
   void start(std::size_t index) override;
   void stop() override;
 
  private:
   struct Poller {
-    std::mutex mutex;
-    std::condition_variable condition;
-    bool stopped = false;
+    PollerStop stop;
     std::thread thread;
   };
-  static void poll(Poller& poller, Printer& printer);
 
+  Poll m_poll;
   std::vector<std::unique_ptr<Poller>> m_pollers;
 };
 

@@ -1,5 +1,8 @@
 #include "bench/scale/Population.h"
 
+#include <future>
+#include <utility>
+
 namespace bench {
 
 Population::Population(int count, int expectedReads) {
@@ -19,32 +22,57 @@ Lists::Lists(int count, int expectedReads, bool exchanging) : Population(count, 
 void Lists::start(std::size_t index) { Add(m_tasks[index]); }
 void Lists::stop() { Stop(); }
 
-BareThreads::~BareThreads() {
+void PollerStop::stop() {
+  {
+    const std::lock_guard lock(m_mutex);
+    m_stopped = true;
+  }
+  m_condition.notify_one();
+}
+
+bool PollerStop::stopped() {
+  const std::lock_guard lock(m_mutex);
+  return m_stopped;
+}
+
+void PollerStop::waitForTurn() {
+  std::unique_lock lock(m_mutex);
+  m_condition.wait_until(lock, std::chrono::system_clock::now() + kInterval, [this] { return m_stopped; });
+}
+
+void pollPlainly(PollerStop& stop, Printer& printer) {
+  while (!stop.stopped()) {
+    printer.read();
+    stop.waitForTurn();
+  }
+}
+
+void pollByAsyncTimer(PollerStop& stop, Printer& printer) {
+  while (!stop.stopped()) {
+    printer.read();
+    const auto timer = std::async(std::launch::async, [&stop] {
+      stop.waitForTurn();
+      stop.wakeup.post();
+    });
+    stop.wakeup.wait();
+    timer.wait();
+  }
+}
+
+Threads::Threads(int count, int expectedReads, Poll poll) : Population(count, expectedReads), m_poll(poll) {}
+
+Threads::~Threads() {
   for (const auto& poller : m_pollers) poller->thread.join();
 }
 
-void BareThreads::start(std::size_t index) {
+void Threads::start(std::size_t index) {
   m_pollers.push_back(std::make_unique<Poller>());
   Poller& poller = *m_pollers.back();
-  poller.thread = std::thread([&poller, printer = printers[index]] { poll(poller, *printer); });
+  poller.thread = std::thread([this, &poller, printer = printers[index]] { m_poll(poller.stop, *printer); });
 }
 
-void BareThreads::stop() {
-  for (const auto& poller : m_pollers) {
-    const std::lock_guard lock(poller->mutex);
-    poller->stopped = true;
-    poller->condition.notify_one();
-  }
-}
-
-void BareThreads::poll(Poller& poller, Printer& printer) {
-  std::unique_lock lock(poller.mutex);
-  while (!poller.stopped) {
-    lock.unlock();
-    printer.read();
-    lock.lock();
-    poller.condition.wait_until(lock, std::chrono::system_clock::now() + kInterval, [&poller] { return poller.stopped; });
-  }
+void Threads::stop() {
+  for (const auto& poller : m_pollers) poller->stop.stop();
 }
 
 }  // namespace bench

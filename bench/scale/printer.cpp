@@ -1,5 +1,7 @@
 #include "bench/scale/Printer.h"
 
+#include <chrono>
+#include <cstddef>
 #include <string>
 #include <thread>
 

@@ -4,6 +4,8 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+#include <chrono>
+#include <cstddef>
 #include <fstream>
 #include <string>
 #include <thread>
@@ -12,17 +14,17 @@ namespace bench {
 
 using namespace std::chrono_literals;
 
-std::size_t residentBytes() {
+double residentKilobytes() {
   std::ifstream file("/proc/self/statm");
-  std::size_t total = 0;
-  std::size_t resident = 0;
+  double total = 0;
+  double resident = 0;
   file >> total >> resident;
-  return resident * static_cast<std::size_t>(::sysconf(_SC_PAGESIZE));
+  return resident * static_cast<double>(::sysconf(_SC_PAGESIZE)) / 1024;
 }
 
-std::size_t heapBytesInUse() {
+double heapKilobytesInUse() {
   const auto heap = ::mallinfo2();
-  return heap.uordblks + heap.hblkhd;
+  return static_cast<double>(heap.uordblks + heap.hblkhd) / 1024;
 }
 
 std::size_t threadCount() {
@@ -52,6 +54,16 @@ bool waitForThreads(std::size_t count, std::chrono::seconds limit) {
     std::this_thread::sleep_for(1ms);
   }
   return true;
+}
+
+double waitForHeap(double kilobytes, std::chrono::seconds limit) {
+  const auto deadline = std::chrono::steady_clock::now() + limit;
+  auto inUse = heapKilobytesInUse();
+  while (inUse > kilobytes && std::chrono::steady_clock::now() < deadline) {
+    std::this_thread::sleep_for(1ms);
+    inUse = heapKilobytesInUse();
+  }
+  return inUse;
 }
 
 }  // namespace bench
