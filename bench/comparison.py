@@ -9,7 +9,7 @@ from table import duration, figure_text, rounded
 
 
 def row(name, old, new, ratio):
-    return f"  {name:<84} {old:>10} {new:>10} {ratio:>8}"
+    return f"  {name:<92} {old:>10} {new:>10} {ratio:>8}"
 
 
 def rows_of(name, was, now, words):

@@ -62,7 +62,8 @@ def require_measured(names, target, rounds, count):
     """Raises ValueError when one of these benchmarks is not in all `count` rounds."""
     missing = sorted(name for name in names if len(rounds.get(name, [])) != count)
     if missing:
-        raise ValueError(f"not measured in each of the {count} rounds ({target}): {', '.join(missing)}. Does the program still call it that?")
+        raise ValueError(f"not measured in each of the {count} rounds ({target}): {', '.join(missing)}. "
+                         "Does the program still call it that?")
 
 
 def per_round(rounds, name, other):

@@ -35,6 +35,7 @@ using namespace std::chrono_literals;
 using bench::Clock;
 using bench::Population;
 
+constexpr auto kStartPatience = 30s;  // it takes one interval
 constexpr auto kPatience = 60s;
 constexpr int kOverloaded = 3;  // exit code
 constexpr auto kHeapPatience = 5s;
@@ -57,9 +58,9 @@ constexpr double kHeapLeft = 0.01;  // of what the lists had: what may stay behi
     if (const auto error = std::current_exception()) std::rethrow_exception(error);
     std::cerr << "bench_scale: ended without an exception\n";
   } catch (const std::system_error& error) {
-    std::cerr
-        << "bench_scale: a thread could not be started (" << error.what() << ") when there were " << bench::threadCount()
-        << ". Look at `ulimit -u`, /proc/sys/kernel/threads-max, /proc/sys/vm/max_map_count and pids.max of the container.\n";
+    std::cerr << "bench_scale: a thread could not be started (" << error.what() << ") when there were " << bench::threadCount()
+              << ". Look at `ulimit -u`, `ulimit -v`, /proc/sys/kernel/threads-max, /proc/sys/vm/max_map_count and pids.max of "
+                 "the container.\n";
   } catch (const std::exception& error) {
     std::cerr << "bench_scale: " << error.what() << '\n';
   }
@@ -93,7 +94,7 @@ void startAll(Population& population) {
   for (std::size_t index = 0; index < count; ++index) {
     std::this_thread::sleep_until(begin + bench::kInterval * index / count);
     const auto before = Clock::now();
-    if (before > begin + kPatience) giveUpOverloaded("only " + std::to_string(index) + " printers were started in a minute");
+    if (before > begin + kStartPatience) giveUpOverloaded("only " + std::to_string(index) + " printers were started in 30 s");
     population.start(index);
     times.push_back(inMilliseconds(Clock::now() - before) * 1000);
   }
