@@ -4,7 +4,7 @@
 
 #include <thread>
 
-#include "bench/Word.h"
+#include "platform/Word.h"
 
 namespace bench {
 
@@ -22,7 +22,7 @@ class Peer {
  private:
   void answer();
 
-  Word m_word;
+  platform::Word m_word;
   std::thread m_thread;
 };
 

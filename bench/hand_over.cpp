@@ -29,14 +29,14 @@ void dispatch(benchmark::State& state) {
   list.m_handlers[static_cast<int>(task->getType())] = [](std::shared_ptr<comm::CNode> /*entry*/) { return 0; };
   for (auto _ : state) {
     auto& handler = list.m_handlers[static_cast<int>(task->getType())];
-    const int result = list.m_helper.launch([handler, entry] { return handler(entry); }).get();
+    const int result = list.m_helper.run([handler, entry] { return handler(entry); });
     benchmark::DoNotOptimize(result);
   }
 }
 
 void helperThread(benchmark::State& state) {
   comm::HelperThread helper;
-  for (auto _ : state) helper.launch([] {}).get();
+  for (auto _ : state) helper.run([] {});
 }
 
 void standardAsync(benchmark::State& state) {

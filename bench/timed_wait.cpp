@@ -17,7 +17,6 @@
 
 #include "bench/PingPong.h"
 #include "bench/WaitCount.h"
-#include "bench/Word.h"
 #include "comm/HelperThread.h"
 #include "comm/Semaphore.h"
 #include "comm/Timer.h"
@@ -57,7 +56,7 @@ class Poster {
   }
 
   comm::Semaphore& m_semaphore;
-  bench::Word m_word;
+  platform::Word m_word;
   std::atomic<std::uint64_t> m_waits{0};
   std::thread m_thread;  // last: it uses the others
 };

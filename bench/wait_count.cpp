@@ -5,8 +5,8 @@
 #include <atomic>
 #include <cstdlib>
 
-#include "bench/Word.h"
 #include "platform/Time.h"
+#include "platform/Word.h"
 
 namespace {
 
@@ -15,7 +15,7 @@ constexpr std::uint32_t kCounted = 1;
 
 std::atomic<std::uint64_t> g_waits{0};
 std::atomic<bool> g_awaited{false};
-bench::Word g_counted;
+platform::Word g_counted;
 
 }  // namespace
 

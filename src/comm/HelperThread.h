@@ -1,23 +1,22 @@
 #pragma once
 
-#include <condition_variable>
+#include <cstdint>
 #include <exception>
 #include <future>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <thread>
 #include <type_traits>
 #include <utility>
 
-#include "platform/ThreadAnnotations.h"
+#include "platform/Word.h"
 
 namespace comm {
 
 /// One thread that runs one function after another for one owner, and is parked in between.
 ///
 /// A list's worker owns it: the handler runs and the timer's task go through it, so nothing of a list outlives the list and no
-/// thread is started per cycle. It is started by the first `launch`. All members are for the owner's thread.
+/// thread is started per cycle. It is started when it is first needed. All members are for the owner's thread.
 class HelperThread {
  public:
   HelperThread() = default;
@@ -25,11 +24,14 @@ class HelperThread {
   HelperThread(const HelperThread&) = delete;
   HelperThread& operator=(const HelperThread&) = delete;
 
-  /// Runs `work` on the helper thread, after the one that was launched before. What `work` returns or throws comes out of the
-  /// future, whose `wait` and `get` wait for the thread. `work`, and what it holds, is destroyed before they return: an owner
-  /// that keeps its own reference until then knows that the helper does not drop the last one. The future is a deferred one:
-  /// dropped, it waits for nothing; it must not be waited for once the helper is gone. Throws `std::system_error` when the
-  /// thread cannot be started.
+  /// Runs `work` on the helper thread, after the one that was launched before, and waits for it. Returns what `work` returns
+  /// and throws what it throws. `work`, and what it holds, is destroyed before that: an owner that keeps its own reference
+  /// until then knows that the helper does not drop the last one. Throws `std::system_error` when the thread cannot be started.
+  template <class Work>
+  std::invoke_result_t<Work&> run(Work work);
+
+  /// The same without the waiting: that is done by the future's `wait` and `get`, with what comes out of the work. The future
+  /// is a deferred one: dropped, it waits for nothing; it must not be waited for once the helper is gone.
   template <class Work>
   std::future<std::invoke_result_t<Work&>> launch(Work work);
 
@@ -45,20 +47,16 @@ class HelperThread {
   template <class Work>
   class JobOf;
 
-  // These wait with std::unique_lock, which the checker does not know.
-  void start(std::shared_ptr<Job> job) NO_THREAD_SAFETY_ANALYSIS;
-  void waitUntilIdle() NO_THREAD_SAFETY_ANALYSIS;
-  std::shared_ptr<Job> nextJob() NO_THREAD_SAFETY_ANALYSIS;
+  enum Turn : std::uint32_t { idle, given, ending };
+
+  void start(std::shared_ptr<Job> job);
+  void waitUntilIdle() { m_turn.waitWhile(given); }
   void runJobs();
 
   std::thread m_thread;  // the owner's
 
-  std::mutex m_mutex;
-  std::condition_variable m_changed;  // for the thread: a job, or the end
-  std::condition_variable m_done;     // for the owner
-  std::shared_ptr<Job> m_job GUARDED_BY(m_mutex);
-  bool m_idle GUARDED_BY(m_mutex) = true;  // no job is waiting or in hand
-  bool m_ending GUARDED_BY(m_mutex) = false;
+  platform::Word m_turn;       // a `Turn`; every change wakes the other side
+  std::shared_ptr<Job> m_job;  // the owner's while the turn is idle, the thread's while it is given
 };
 
 template <class Work>
@@ -100,10 +98,16 @@ class HelperThread::JobOf final : public Job {
 };
 
 template <class Work>
+std::invoke_result_t<Work&> HelperThread::run(Work work) {
+  JobOf<Work> job(std::move(work));
+  start({std::shared_ptr<Job>(), &job});  // owns nothing: the job lives until it is done
+  waitUntilIdle();
+  return job.takeResult();
+}
+
+template <class Work>
 std::future<std::invoke_result_t<Work&>> HelperThread::launch(Work work) {
   auto job = std::make_shared<JobOf<Work>>(std::move(work));
-  // Not a promise's future: where there is no futex, the library fulfils a promise under the lock that its waiter then needs,
-  // which costs two more switches a run.
   auto future = std::async(std::launch::deferred, [this, job] {
     waitUntilIdle();
     return job->takeResult();

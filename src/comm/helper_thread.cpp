@@ -6,45 +6,24 @@ HelperThread::~HelperThread() { join(); }
 
 void HelperThread::join() {
   if (!m_thread.joinable()) return;
-  {
-    const std::lock_guard lock(m_mutex);
-    m_ending = true;
-  }
-  m_changed.notify_one();
+  waitUntilIdle();
+  m_turn.set(ending);
   m_thread.join();
+  m_turn.set(idle);
 }
 
 void HelperThread::start(std::shared_ptr<Job> job) {
   if (!m_thread.joinable()) m_thread = std::thread(&HelperThread::runJobs, this);
-  {
-    std::unique_lock lock(m_mutex);
-    while (!m_idle) m_done.wait(lock);  // a job whose future was dropped
-    m_job = std::move(job);
-    m_idle = false;
-  }
-  m_changed.notify_one();
-}
-
-void HelperThread::waitUntilIdle() {
-  std::unique_lock lock(m_mutex);
-  while (!m_idle) m_done.wait(lock);
-}
-
-std::shared_ptr<HelperThread::Job> HelperThread::nextJob() {
-  std::unique_lock lock(m_mutex);
-  while (m_job == nullptr && !m_ending) m_changed.wait(lock);
-  return std::move(m_job);
+  waitUntilIdle();  // for a job whose future was dropped
+  m_job = std::move(job);
+  m_turn.set(given);
 }
 
 void HelperThread::runJobs() {
-  while (auto job = nextJob()) {
-    job->run();
-    job.reset();
-    {
-      const std::lock_guard lock(m_mutex);
-      m_idle = true;
-    }
-    m_done.notify_one();
+  while (m_turn.waitWhile(idle) != ending) {
+    m_job->run();
+    m_job.reset();
+    m_turn.set(idle);
   }
 }
 

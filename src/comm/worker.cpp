@@ -144,7 +144,7 @@ void runFront(CList& list) {
   WriteLog(LOG_DEBUG, kName, kRunBegins, L"Communication beg, uid: %ws", list.m_uid.c_str());
   // Inserts an empty handler for an unknown type, which throws when it is run.
   auto& handler = list.m_handlers[static_cast<int>(task->getType())];
-  const int result = list.m_helper.launch([handler, entry] { return handler(entry); }).get();
+  const int result = list.m_helper.run([handler, entry] { return handler(entry); });
   WriteLog(LOG_DEBUG, kName, kRunEnds, L"Communication end, uid: %ws, result: %d", list.m_uid.c_str(), result);
   list.m_lastCheck = platform::now();
   if (task->getNPAFlag()) list.m_lastNPA = platform::now();

@@ -14,21 +14,21 @@ using comm::HelperThread;
 
 TEST(HelperThreadTest, RunsEachWorkOnOneThreadOfItsOwn) {
   HelperThread helper;
-  const auto first = helper.launch([] { return std::this_thread::get_id(); }).get();
-  const auto second = helper.launch([] { return std::this_thread::get_id(); }).get();
+  const auto first = helper.run([] { return std::this_thread::get_id(); });
+  const auto second = helper.run([] { return std::this_thread::get_id(); });
 
   EXPECT_EQ(first, second);
   EXPECT_NE(first, std::this_thread::get_id());
 }
 
-TEST(HelperThreadTest, IsStartedByTheFirstLaunchAndGoneAfterJoin) {
+TEST(HelperThreadTest, IsStartedByTheFirstRunAndGoneAfterJoin) {
   const auto hasThreads = [](int count) {
     return support::waitForThreadCount(count, std::chrono::steady_clock::now() + std::chrono::seconds(20));
   };
   ASSERT_TRUE(hasThreads(1));
   HelperThread helper;
   EXPECT_EQ(support::threadCount(), 1);
-  helper.launch([] {}).wait();
+  helper.run([] {});
   EXPECT_EQ(support::threadCount(), 2);
 
   helper.join();
@@ -39,9 +39,33 @@ TEST(HelperThreadTest, IsStartedByTheFirstLaunchAndGoneAfterJoin) {
 TEST(HelperThreadTest, JoinWithoutAThreadDoesNothing) {
   HelperThread helper;
   helper.join();
-  helper.launch([] {}).wait();
+  helper.run([] {});
   helper.join();
   helper.join();
+}
+
+TEST(HelperThreadTest, JoinWaitsForTheRunInHand) {
+  for (int round = 0; round < 200; ++round) {
+    HelperThread helper;
+    bool done = false;
+    static_cast<void>(helper.launch([&done] { done = true; }));
+    helper.join();
+    ASSERT_TRUE(done);
+  }
+}
+
+TEST(HelperThreadTest, GoesOnAfterJoin) {
+  HelperThread helper;
+  EXPECT_EQ(helper.run([] { return 1; }), 1);
+  helper.join();
+  EXPECT_EQ(helper.run([] { return 2; }), 2);
+}
+
+TEST(HelperThreadTest, WhatTheWorkThrowsComesOutOfTheRun) {
+  HelperThread helper;
+  EXPECT_THROW(helper.run([]() -> int { throw std::runtime_error("paper jam"); }), std::runtime_error);
+  EXPECT_THROW(helper.run(std::function<int()>()), std::bad_function_call);
+  EXPECT_EQ(helper.run([] { return 7; }), 7) << "it goes on after an exception";
 }
 
 TEST(HelperThreadTest, WhatTheWorkThrowsComesOutOfTheFuture) {
@@ -54,6 +78,16 @@ TEST(HelperThreadTest, WhatTheWorkThrowsComesOutOfTheFuture) {
 }
 
 // Or the helper could drop the last reference to the list that owns it, and join itself.
+TEST(HelperThreadTest, WorkIsDestroyedBeforeItsRunReturns) {
+  HelperThread helper;
+  for (int round = 0; round < 500; ++round) {
+    auto held = std::make_shared<int>(round);
+    const std::weak_ptr<int> watched = held;
+    ASSERT_EQ(helper.run([held = std::move(held)] { return *held; }), round);
+    ASSERT_TRUE(watched.expired());
+  }
+}
+
 TEST(HelperThreadTest, WorkIsDestroyedBeforeItsFutureIsReady) {
   HelperThread helper;
   for (int round = 0; round < 500; ++round) {
@@ -92,13 +126,14 @@ TEST(HelperThreadTest, DroppedFutureLeavesTheNextLaunchItsOwnResult) {
   }
 }
 
-TEST(HelperThreadTest, FailureToStartReachesTheCallerAndTheNextLaunchTriesAgain) {
+TEST(HelperThreadTest, FailureToStartReachesTheCallerAndTheNextRunTriesAgain) {
   HelperThread helper;
   {
     const fakes::ThreadStartFault fault;
     EXPECT_THROW(helper.launch([] { return 1; }), std::system_error);
+    EXPECT_THROW(helper.run([] { return 1; }), std::system_error);
   }
-  EXPECT_EQ(helper.launch([] { return 2; }).get(), 2);
+  EXPECT_EQ(helper.run([] { return 2; }), 2);
 }
 
 }  // namespace

@@ -1,7 +1,7 @@
-#include "bench/Word.h"
 #include "platform/WindowsApi.h"
+#include "platform/Word.h"
 
-namespace bench {
+namespace platform {
 
 void Word::set(std::uint32_t value) {
   m_value.store(value);
@@ -14,4 +14,4 @@ std::uint32_t Word::waitWhile(std::uint32_t value) {
   return now;
 }
 
-}  // namespace bench
+}  // namespace platform

@@ -4,9 +4,9 @@
 
 #include <cstdint>
 
-#include "bench/Word.h"
+#include "platform/Word.h"
 
-namespace bench {
+namespace platform {
 
 void Word::set(std::uint32_t value) {
   m_value.store(value);
@@ -19,4 +19,4 @@ std::uint32_t Word::waitWhile(std::uint32_t value) {
   return now;
 }
 
-}  // namespace bench
+}  // namespace platform
