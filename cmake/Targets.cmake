@@ -3,6 +3,22 @@ include_guard()
 
 option(APPCOMM_ANNOTATIONS_ONLY "Build the module without tests, to let clang check the lock annotations" OFF)
 
+# Functions with arrays notice when their stack was written over, and end the process. Visual C++ does that unasked; mingw-w64's
+# compiler is told to, and finds what it then refers to in src/platform/stack_protector.cpp. The other three are the linker's
+# defaults today: addresses that differ from run to run, from all 64 bits, and no execution of data. tools/check-hardening looks at
+# what came of it.
+function(appcomm_hardened target)
+  if(NOT MINGW OR target STREQUAL "AppCommunicationStackProtector")
+    return()
+  endif()
+  target_compile_options(${target} PRIVATE -fstack-protector-strong)
+  target_link_libraries(${target} PRIVATE AppCommunicationStackProtector)
+  get_target_property(type ${target} TYPE)
+  if(type MATCHES "SHARED_LIBRARY|EXECUTABLE")
+    target_link_options(${target} PRIVATE -Wl,--dynamicbase,--high-entropy-va,--nxcompat)
+  endif()
+endfunction()
+
 # Warnings are errors. Interfaces fixed by contract return `const` values, hence the one exception.
 function(appcomm_own_target target)
   target_compile_features(${target} PUBLIC cxx_std_20)
@@ -15,6 +31,7 @@ function(appcomm_own_target target)
   else()
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror -Wno-ignored-qualifiers)
   endif()
+  appcomm_hardened(${target})
   if(APPCOMM_ANNOTATIONS_ONLY)
     target_compile_options(${target} PRIVATE -Wthread-safety -Werror=thread-safety)
     target_compile_definitions(${target} PRIVATE _LIBCPP_ENABLE_THREAD_SAFETY_ANNOTATIONS)

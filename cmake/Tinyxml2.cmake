@@ -31,3 +31,7 @@ target_compile_definitions(tinyxml2_exported PRIVATE TINYXML2_EXPORT)
 # Private to whoever links it.
 add_library(tinyxml2_private STATIC EXCLUDE_FROM_ALL "${TINYXML2_SOURCE}/tinyxml2.cpp")
 target_include_directories(tinyxml2_private SYSTEM INTERFACE "${TINYXML2_INCLUDE_DIR}")
+
+# It reads what others wrote.
+appcomm_hardened(tinyxml2_exported)
+appcomm_hardened(tinyxml2_private)

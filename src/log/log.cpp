@@ -5,8 +5,10 @@
 
 #if defined(_MSC_VER)
 #define NOT_INLINED __declspec(noinline)
+#define WITHOUT_STACK_PROTECTOR
 #else
 #define NOT_INLINED [[gnu::noinline]]
+#define WITHOUT_STACK_PROTECTOR [[gnu::no_stack_protector]]
 #endif
 
 std::uint32_t g_logMask = 0;
@@ -175,7 +177,9 @@ void LogInit(const wchar_t* path, int /*reserved*/, const wchar_t* section) {
   g_logSemaphore = ::CreateSemaphoreW(nullptr, 1, 1, name);
 }
 
-void WriteLog(std::uint32_t level, const char* function, std::int32_t line, const wchar_t* format, ...) {
+// It has no array, only the address of its arguments: a guard would be all that a call costs that is switched off.
+WITHOUT_STACK_PROTECTOR void WriteLog(std::uint32_t level, const char* function, std::int32_t line, const wchar_t* format,
+                                      ...) {
   if ((level & g_logMask) == 0) return;
   std::va_list arguments;
   va_start(arguments, format);
