@@ -1,0 +1,73 @@
+#pragma once
+
+#include <chrono>
+#include <functional>
+#include <iosfwd>
+#include <list>
+#include <string_view>
+#include <vector>
+
+#include "log/LogWindowsTest.h"
+#include "log/LogWriter.h"
+#include "log/WrittenLines.h"
+
+/// What became of the lines of some time.
+struct LineAccount {
+  int whole = 0;
+  int timedOut = 0;     ///< written, or not, without the semaphore
+  int notOpened = 0;    ///< not written: the file could not be opened
+  int shortWrites = 0;  ///< not written, or not all of it
+  int inHand = 0;       ///< of killed writers: not completed, but there
+  int cut = 0;          ///< beginnings of lines that were in hand, or that the platform has cut
+  /// Only after a wait has timed out:
+  int lost = 0;     ///< written and completed, but not there
+  int damaged = 0;  ///< stretches that are no whole line and no cut one
+
+  LineAccount& operator+=(const LineAccount& other);
+};
+std::ostream& operator<<(std::ostream& out, const LineAccount& account);
+
+/// Several processes write into one log. Every line that they write is accounted for.
+///
+/// At the end every writer that was not killed must end in order, and must never have waited for the semaphore more than once
+/// in a line, nor for longer than 2000 ms.
+class LogWritersTest : public LogOnWindows {
+ protected:
+  void SetUp() override;
+  void TearDown() override;
+
+  /// Starts writers until `count` are alive. They rest.
+  void startUpTo(std::size_t count);
+  std::vector<LogWriter*> living();
+
+  /// Waits for the writers; false when it takes too long. The condition is tested whenever one of them gets on.
+  [[nodiscard]] bool waitUntil(const std::function<bool()>& condition);
+  void letWrite();
+  [[nodiscard]] bool waitUntilAllRest();
+  /// Waits until each living writer has completed so many lines more.
+  [[nodiscard]] bool waitForLines(std::uint32_t more);
+  /// All write at least so many lines, then rest.
+  [[nodiscard]] bool writeAndRest(std::uint32_t lines);
+
+  /// The lines that are completed by now have to be in the files at the next account, whatever happens: unless a wait has timed
+  /// out already.
+  void noteCompletedLines();
+
+  /// Looks for each line since the last account in the bytes of the log's files. A completed line must be there once and whole
+  /// when the platform gave what was asked for and no wait has timed out, whichever writer's. No line may be there twice, in
+  /// the wrong order, or though it could not be written. Then the killed writers are forgotten. All others rest.
+  LineAccount account(const std::vector<std::string_view>& files);
+  /// The same for the log file alone, which then is removed.
+  LineAccount accountForLogFile();
+
+  bool semaphoreIsFree() const;
+
+ private:
+  bool hasTimedOut() const;
+  void accountForWriter(const LogWriter& writer, const WrittenLines& lines, LineAccount& account) const;
+  bool isCut(std::string_view stretch) const;
+
+  const support::Handle m_progress{::CreateEventW(nullptr, FALSE, FALSE, logwriter::kProgressEvent)};
+  std::list<LogWriter> m_writers;
+  int m_started = 0;
+};
