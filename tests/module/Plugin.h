@@ -1,6 +1,12 @@
 #pragma once
 
-/// What `module_plugin.dll` exports: adds a repeating task, stops the module, and returns true when that has ended everything
-/// that it started; only then may the library be unloaded.
-extern "C" bool useModule();
-using UseModule = decltype(&useModule);
+/// What `module_plugin.dll` exports, beside `endTasks`: the part of an application that talks to printers.
+extern "C" {
+/// Makes two printers and adds tasks to both. True once one printer is polled and the other one hangs in a library call, with
+/// more tasks behind it.
+bool beginTasks();
+/// Makes a printer and adds a firmware transfer that takes days. True once it is under way.
+bool beginTransfer();
+/// Lets the call return.
+void releaseCall();
+}

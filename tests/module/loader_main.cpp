@@ -1,35 +1,91 @@
-/// module_loader use ROUNDS: as often, loads a library that uses the module, has it do so, and unloads both.
-/// module_loader idle ROUNDS: as often, loads the module and unloads it, and nothing else; no handle may be left.
-/// Exit code 0, or the number of the step that failed.
+/// A program that is not linked with the module.
+///
+/// module_loader use ROUNDS: as often, loads a library that uses the module, has it do so, ends it while a library call is
+/// under way and tasks are queued behind it, and unloads both. Nothing may be left. module_loader hang: the same once, with an
+/// attempt to unload before the call returns. module_loader idle ROUNDS: as often, loads the module and unloads it, and nothing
+/// else; no handle may be left.
+///
+/// Exit code 0, or the number of the step that failed; 7 for a mistake in the arguments.
 
 #include <cstdlib>
+#include <iostream>
+#include <optional>
 #include <string_view>
 
+#include "common/UnloadableLibrary.h"
+#include "module/HeapBlocks.h"
 #include "module/Plugin.h"
-#include "platform/WindowsApi.h"
 #include "support/HandleCount.h"
 
 namespace {
 
 constexpr const wchar_t* kModule = L"AppCommunication.dll";
+constexpr auto kPatience = std::chrono::seconds(20);
+constexpr int kWarmRounds = 20;  // by then everything that is made once has been made
+
+bool isModuleLoaded() { return ::GetModuleHandleW(kModule) != nullptr; }
 
 int runRound() {
-  if (::GetModuleHandleW(kModule) != nullptr) return 1;
-  const HMODULE library = ::LoadLibraryW(L"module_plugin.dll");
-  if (library == nullptr) return 2;
-  if (::GetModuleHandleW(kModule) == nullptr) return 3;
-  const auto use = reinterpret_cast<UseModule>(reinterpret_cast<void*>(::GetProcAddress(library, "useModule")));
-  if (use == nullptr || !use()) return 4;
-  if (::FreeLibrary(library) == 0) return 5;
-  return ::GetModuleHandleW(kModule) == nullptr ? 0 : 6;
+  if (isModuleLoaded()) return 1;
+  examples::UnloadableLibrary library(L"module_plugin.dll");
+  if (!isModuleLoaded()) return 2;
+  if (!library.function<decltype(beginTasks)>("beginTasks")()) return 3;
+  library.function<void()>("endTasks")();
+  if (library.threadsAreGone()) return 4;  // the call has not returned
+  library.function<decltype(releaseCall)>("releaseCall")();
+  if (!library.unload(kPatience) || !library.threadsAreGone()) return 5;
+  return isModuleLoaded() ? 6 : 0;
+}
+
+int unloadTooEarly() {
+  examples::UnloadableLibrary library(L"module_plugin.dll");
+  if (!library.function<decltype(beginTasks)>("beginTasks")()) return 3;
+  if (library.unload(std::chrono::milliseconds(100)) || !isModuleLoaded()) return 4;
+  library.function<decltype(releaseCall)>("releaseCall")();
+  if (!library.unload(kPatience) || !library.threadsAreGone()) return 5;
+  return isModuleLoaded() ? 6 : 0;
+}
+
+int unloadInTransfer() {
+  examples::UnloadableLibrary library(L"module_plugin.dll");
+  if (!library.function<decltype(beginTransfer)>("beginTransfer")()) return 3;
+  if (!library.unload(kPatience) || !library.threadsAreGone()) return 5;
+  return isModuleLoaded() ? 6 : 0;
+}
+
+/// What the process has.
+struct Belongings {
+  int handles = support::handleCount();
+  int heapBlocks = heapBlocksInUse();
+};
+
+// No handle, and less than half a block a round.
+bool hasGrown(const Belongings& before, const Belongings& now, int rounds) {
+  std::cout << "handles: " << before.handles << ", then " << now.handles << "; heap blocks: " << before.heapBlocks << ", then "
+            << now.heapBlocks << '\n';
+  if (before.handles < 0 || before.heapBlocks < 0 || now.heapBlocks < 0) return true;
+  return now.handles != before.handles || now.heapBlocks - before.heapBlocks >= rounds / 2;
+}
+
+int runRounds(int rounds) {
+  if (rounds <= kWarmRounds) return 7;
+  // The simulated printers stay. They let go of nothing before the process is gone, as a call may be under way when it exits.
+  if (::LoadLibraryW(L"SimulatedPrinters.dll") == nullptr) return 9;
+  std::optional<Belongings> before;
+  for (int round = 0; round < rounds; ++round) {
+    if (round == kWarmRounds) before.emplace();
+    if (const int failed = runRound(); failed != 0) return failed;
+    if (round % kWarmRounds == 0) std::cout << "round " << round << '\n' << std::flush;  // a sign of life
+  }
+  return hasGrown(*before, Belongings(), rounds - kWarmRounds) ? 8 : 0;
 }
 
 int runIdleRound() {
-  if (::GetModuleHandleW(kModule) != nullptr) return 1;
+  if (isModuleLoaded()) return 1;
   const HMODULE library = ::LoadLibraryW(kModule);
   if (library == nullptr) return 2;
   if (::FreeLibrary(library) == 0) return 5;
-  return ::GetModuleHandleW(kModule) == nullptr ? 0 : 6;
+  return isModuleLoaded() ? 6 : 0;
 }
 
 int runIdleRounds(int rounds) {
@@ -43,20 +99,14 @@ int runIdleRounds(int rounds) {
   return support::handleCount() == before ? 0 : 8;
 }
 
-int runRounds(int rounds) {
-  for (int round = 0; round < rounds; ++round) {
-    if (const int failed = runRound(); failed != 0) return failed;
-  }
-  return 0;
-}
-
 }  // namespace
 
 int main(int count, char** values) {
+  const std::string_view mode = count > 1 ? values[1] : "";
   const int rounds = count == 3 ? std::atoi(values[2]) : 0;
-  if (rounds < 1) return 7;
-  const std::string_view mode = values[1];
-  if (mode == "use") return runRounds(rounds);
-  if (mode == "idle") return runIdleRounds(rounds);
+  if (mode == "use" && rounds > 0) return runRounds(rounds);
+  if (mode == "too-early" && count == 2) return unloadTooEarly();
+  if (mode == "transfer" && count == 2) return unloadInTransfer();
+  if (mode == "idle" && rounds > 0) return runIdleRounds(rounds);
   return 7;
 }

@@ -1,20 +1,62 @@
-/// An application in a library of its own: when it is unloaded, the module goes with it.
+/// An application's library that uses the module: when it is unloaded, the module goes with it.
 
 #include "module/Plugin.h"
 
+#include "common/AddedTasks.h"
 #include "module/Application.h"
 #include "simulator/SimulatedPrinters.h"
-#include "support/ThreadCount.h"
+#include "support/PlainWindow.h"
 
-extern "C" __declspec(dllexport) bool useModule() {
-  using application::kPatience;
-  const int threadsBefore = support::threadCount();
-  application::loadPrinters(application::printer("desk", "connection='usb' interval='10' ctrl-port='yes' jobs='1'"));
-  application::StateTask task(L"desk", 1);
-  Add(task.repeating().node());
-  if (!task.notices().waitFor(3)) return false;
-  task.node()->setDelete();
-  Stop();
-  // The leave line is not the end: a worker still runs a few instructions of the module after it.
-  return task.waitUntilReleased() && support::waitForThreadCount(threadsBefore, std::chrono::steady_clock::now() + kPatience);
+namespace {
+
+using application::kPatience;
+using application::printer;
+
+constexpr const char* kStateRead = "AppPrinterSdk_GetState";
+
+examples::AddedTasks g_tasks;
+
+class Window : public support::PlainWindow {
+ public:
+  bool Notice(long /*code*/) const override { return true; }
+};
+
+template <class Record>
+void addOnce(const std::shared_ptr<qzstd::PrinterInfo>& info, AppComm::Type type) {
+  auto task = AppComm::Node::Instance(info, std::make_shared<Window>(), 1, type);
+  task->setResource(std::make_shared<Record>());
+  g_tasks.add(std::move(task));
 }
+
+void addPolling(const std::wstring& uid) {
+  application::StateTask task(uid, 1);
+  g_tasks.add(task.repeating().node());
+  StartNPA(task.node());
+}
+
+}  // namespace
+
+extern "C" __declspec(dllexport) bool beginTasks() {
+  application::loadPrinters(printer("polled", "connection='usb' interval='10' ctrl-port='yes'") +
+                            printer("hangs", "connection='usb' interval='10' ctrl-port='yes'",
+                                    "<call function='AppPrinterSdk_GetState'><hang/></call>"));
+  addPolling(L"polled");
+  addPolling(L"hangs");
+  if (!simulator::waitUntilBegun(kStateRead, 1, kPatience, L"hangs")) return false;
+  addPolling(L"hangs");  // with the task that is being served
+  const auto info = std::make_shared<qzstd::PrinterInfo>(simulator::newPrinterInfo(L"hangs"));
+  addOnce<AppComm::DevParam>(info, AppComm::Type::GetDevParam);
+  addOnce<AppComm::FirmUp>(info, AppComm::Type::FirmUpgrade);
+  return simulator::waitUntilEnded(kStateRead, 2, kPatience, L"polled");
+}
+
+extern "C" __declspec(dllexport) bool beginTransfer() {
+  application::loadPrinters(printer("updated", "connection='usb' interval='10'", "<firmware size='1000000' rate='1'/>"));
+  addOnce<AppComm::FirmUp>(std::make_shared<qzstd::PrinterInfo>(simulator::newPrinterInfo(L"updated")),
+                           AppComm::Type::FirmUpgrade);
+  return simulator::waitUntilBegun("AppPrinterSdk_UpgradeFwProgress", 2, kPatience, L"updated");
+}
+
+extern "C" __declspec(dllexport) void releaseCall() { simulator::releaseCalls(); }
+
+extern "C" __declspec(dllexport) void endTasks() { g_tasks.end(); }
