@@ -123,9 +123,11 @@ LONGLONG appendToFile(const wchar_t* buffer, std::uint32_t byteCount) {
   const HANDLE file = ::CreateFileW(g_logPath, GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_ALWAYS,
                                     FILE_ATTRIBUTE_NORMAL, nullptr);
   if (file == INVALID_HANDLE_VALUE) return 0;
-  ::SetFilePointer(file, 0, nullptr, FILE_END);
+  // Where the end cannot be reached the line is lost: written at the start of the file, it would destroy others.
   DWORD written = 0;
-  ::WriteFile(file, buffer, byteCount, &written, nullptr);
+  if (::SetFilePointer(file, 0, nullptr, FILE_END) != INVALID_SET_FILE_POINTER) {
+    ::WriteFile(file, buffer, byteCount, &written, nullptr);
+  }
   LARGE_INTEGER size{};
   ::GetFileSizeEx(file, &size);
   ::CloseHandle(file);

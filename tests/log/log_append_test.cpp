@@ -126,14 +126,22 @@ TEST_F(LogTest, UnknownSizeIsNoReasonToRotate) {
   EXPECT_EQ(windows->countCalls("MoveFileW"), 0U);
 }
 
-TEST_F(LogTest, FailedSeekIsIgnored) {
-  struct NoSeek : fakes::InMemoryWindows {
-    DWORD SetFilePointer(HANDLE, LONG, PLONG, DWORD) override { return INVALID_SET_FILE_POINTER; }
+TEST_F(LogTest, FailedSeekLosesTheLineAndNoOther) {
+  struct Seeks : fakes::InMemoryWindows {
+    DWORD SetFilePointer(HANDLE file, LONG distance, PLONG distanceHigh, DWORD method) override {
+      if (fails) return INVALID_SET_FILE_POINTER;
+      return InMemoryWindows::SetFilePointer(file, distance, distanceHigh, method);
+    }
+    bool fails = false;
   };
-  use<NoSeek>();
+  auto& seeks = use<Seeks>();
   switchOn();
   writeLine();
-  EXPECT_EQ(text(), kLine);
+  seeks.fails = true;
+  WriteLog(LOG_DEBUG, "f", 2, L"m");
+  seeks.fails = false;
+  writeLine();
+  EXPECT_EQ(text(), kLine + kLine);
 }
 
 TEST_F(LogTest, SemaphoreThatCannotBeMadeLeavesTheLogUnserialised) {
