@@ -7,6 +7,8 @@
 #include <cerrno>
 #include <string>
 
+#include "fakes/StepFault.h"
+
 namespace {
 
 // The real runtime calls its handler here, which by default ends the process.
@@ -59,6 +61,7 @@ std::wstring hostFormat(const std::wstring& format) {
 
 // False when the host cannot format it at all.
 bool formatWhole(std::wstring& text, const wchar_t* format, std::va_list arguments) {
+  if (fakes::failsNow(fakes::Step::print)) return false;
   constexpr std::size_t kLongest = std::size_t{1} << 20;
   const std::wstring translated = hostFormat(format);
   for (text.resize(1024); text.size() <= kLongest; text.resize(text.size() * 4)) {
