@@ -1,5 +1,7 @@
-/// What goes wrong in a worker, or in the helper thread that runs its handlers, ends the process: there is nobody to be told.
+/// What goes wrong in a worker, or in a handler that its helper thread runs, ends the process: there is nobody to be told. Only
+/// what goes wrong in the timer's task does not, and leaves the worker asleep until it is woken.
 
+#include <atomic>
 #include <cstdint>
 #include <limits>
 #include <memory>
@@ -50,32 +52,14 @@ class WorkerFaultDeathTest : public SchedulerFaultTest {
 
 TEST_F(WorkerFaultDeathTest, EachAllocationOfAWorkerEndsTheProcess) {
   const auto steps = work(Step::allocation, kNever);
-  EXPECT_GE(steps, 5U) << "a job and its future for the timer and for the run, the helper's thread";
+  EXPECT_GE(steps, 6U) << "the timer's callback, its job and its future, the helper's thread, the handler, the exit's entries";
   for (std::size_t nth = 1; nth <= steps; ++nth) EXPECT_DEATH(work(Step::allocation, nth), "bad_alloc") << nth;
 }
 
 TEST_F(WorkerFaultDeathTest, EachLockOfAWorkerEndsTheProcess) {
   const auto steps = work(Step::lock, kNever);
-  EXPECT_GE(steps, 12U) << "the jobs and their ends, the semaphore, the timer, the lists, the entries, the registry";
+  EXPECT_GE(steps, 20U) << "the semaphore, the timer, the list, the registry; the rest are entries and their queue";
   for (std::size_t nth = 1; nth <= steps; ++nth) EXPECT_DEATH(work(Step::lock, nth), "system_error.*\n.*deadlock") << nth;
-}
-
-// The helper locks once to tell that a run is over, and once more to wait for the next.
-TEST_F(WorkerFaultDeathTest, EachLockOfTheHelperThreadEndsTheProcess) {
-  for (std::size_t nth = 1; nth <= 2; ++nth) {
-    EXPECT_DEATH(
-        {
-          std::optional<StepFault> fault;
-          handlers.onAny([&](auto&) {
-            fault.emplace(Step::lock, nth);
-            return 0;
-          });
-          Add(onceTask(Type::State));
-          handlers.awaitNoLists();
-        },
-        "system_error.*\n.*deadlock")
-        << nth;
-  }
 }
 
 TEST_F(WorkerFaultDeathTest, HelperThreadThatCannotStartEndsTheProcess) {
@@ -112,6 +96,38 @@ TEST_F(WorkerFaultDeathTest, TypeFarBeyondTheTableEndsTheProcess) {
         },
         "bad_function_call")
         << type;
+  }
+}
+
+using WorkerFaults = SchedulerFaultTest;
+
+// The task takes the timer's mutex, and when the time is over the semaphore's.
+TEST_F(WorkerFaults, EachLockOfTheTimersTaskLeavesTheWorkerAsleepUntilItIsWoken) {
+  for (std::size_t nth = 1; nth <= 2; ++nth) {
+    SCOPED_TRACE(testing::Message() << "lock " << nth << " fails");
+    const auto before = handlers.runs().size();
+    const auto task = onceTask(Type::State, L"P1", 50);
+    task->setRepeat();
+    std::optional<StepFault> fault;  // the helper thread's
+    std::atomic<const StepFault*> made{nullptr};
+    handlers.onAny([&](auto&) {
+      if (!fault) {
+        made.store(&fault.emplace(Step::lock, nth));
+        made.notify_all();
+      } else {
+        fault.reset();
+        Stop();
+      }
+      return 0;
+    });
+    Add(task);
+    made.wait(nullptr);
+    made.load()->awaitHappened();
+    EXPECT_EQ(handlers.runs().size(), before + 1) << "there is nobody who would wake the worker";
+
+    StartNPA(task);
+    handlers.awaitRuns(before + 2);
+    handlers.awaitNoLists();
   }
 }
 

@@ -5,25 +5,26 @@
 namespace fakes {
 namespace {
 
-struct Count {
-  std::size_t nth = 0;  // 0: none is to fail
-  std::size_t seen = 0;
-};
+constinit thread_local std::array<StepFault*, 3> g_faults{};
 
-constinit thread_local std::array<Count, 3> g_counts{};
-
-Count& countOf(Step step) { return g_counts[static_cast<std::size_t>(step)]; }
+StepFault*& faultOf(Step step) { return g_faults[static_cast<std::size_t>(step)]; }
 
 }  // namespace
 
-StepFault::StepFault(Step step, std::size_t nth) : m_step(step), m_nth(nth) { countOf(step) = Count{nth, 0}; }
-StepFault::~StepFault() { countOf(m_step) = Count{}; }
+StepFault::StepFault(Step step, std::size_t nth) : m_step(step), m_nth(nth) { faultOf(step) = this; }
+StepFault::~StepFault() { faultOf(m_step) = nullptr; }
 
-std::size_t StepFault::steps() const { return countOf(m_step).seen; }
+std::size_t StepFault::steps() const { return m_steps.load(); }
+
+void StepFault::awaitHappened() const {
+  for (auto seen = steps(); seen < m_nth; seen = steps()) m_steps.wait(seen);
+}
 
 bool failsNow(Step step) noexcept {
-  Count& count = countOf(step);
-  return count.nth != 0 && ++count.seen == count.nth;
+  StepFault* const fault = faultOf(step);
+  if (fault == nullptr || ++fault->m_steps != fault->m_nth) return false;
+  fault->m_steps.notify_all();
+  return true;
 }
 
 }  // namespace fakes

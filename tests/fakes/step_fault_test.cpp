@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include <atomic>
 #include <memory>
 #include <mutex>
 #include <new>
@@ -90,6 +91,26 @@ TEST_P(StepFaultTest, ConcernsItsOwnThreadOnly) {
   EXPECT_TRUE(other);
   EXPECT_FALSE(happened);
   EXPECT_FALSE(own);
+}
+
+TEST_P(StepFaultTest, CanBeAwaitedByAnotherThread) {
+  std::atomic<const StepFault*> made{nullptr};
+  std::atomic<bool> seen{false};
+  std::thread thread([&] {
+    const StepFault fault(GetParam().step, 1);
+    made.store(&fault);
+    made.notify_one();
+    GetParam().succeeds();
+    seen.wait(false);
+  });
+
+  made.wait(nullptr);
+  made.load()->awaitHappened();
+
+  EXPECT_EQ(made.load()->steps(), 1U);
+  seen.store(true);
+  seen.notify_one();
+  thread.join();
 }
 
 INSTANTIATE_TEST_SUITE_P(Kinds, StepFaultTest,
