@@ -53,8 +53,8 @@ class StrictElement {
 
   bool has(std::string_view attribute) const { return find(attribute) != nullptr; }
 
-  /// The raw UTF-8 of an attribute that must be there.
-  std::string_view raw(std::string_view attribute) const;
+  /// The UTF-8 of an attribute that must be there, its references replaced.
+  std::string raw(std::string_view attribute) const;
   /// A text of 1 to `longest` characters that must be there.
   std::wstring identifier(std::string_view attribute, std::size_t longest = 256) const;
   /// A text of at most 4096 characters, `fallback` when it is not there.
@@ -93,7 +93,8 @@ class StrictElement {
 
 [[noreturn]] void failAt(const std::string& file, int line, const std::string& what);
 
-/// Parses `text` into `document` and returns its only element, which must be called `name`.
+/// Parses `text` into `document` and returns its only element, which must be called `name`. The document must leave references
+/// as they are: the parser would let wrong ones pass, and make other texts of them.
 StrictElement parseStrictly(tinyxml2::XMLDocument& document, std::string_view text, const std::string& file,
                             std::string_view name);
 

@@ -31,9 +31,9 @@ std::size_t distance(std::string_view from, std::string_view to) {
 /// Null when the call names no function.
 const FunctionRow* functionOf(const StrictElement& call) {
   if (!call.has("function")) return nullptr;
-  const std::string_view name = call.raw("function");
+  const std::string name = call.raw("function");
   if (const FunctionRow* row = findFunction(name)) return row;
-  const std::string_view start = name.substr(0, 64);  // longer than any; the work grows with its length
+  const std::string start = name.substr(0, 64);  // longer than any; the work grows with its length
   const auto nearest = std::ranges::min(functionNames, {}, [&](std::string_view one) { return distance(start, one); });
   call.wrong("function", "the name of one of the maker's functions; the nearest is " + std::string(nearest));
 }

@@ -104,7 +104,7 @@ void readAlert(const StrictElement& element, Readings& initial) {
 std::array<std::uint8_t, 16> readDeviceId(const StrictElement& element) {
   std::array<std::uint8_t, 16> id{};
   if (!element.has("device-id")) return id;
-  const std::string_view digits = element.raw("device-id");
+  const std::string digits = element.raw("device-id");
   bool good = digits.size() == 2 * id.size();
   for (std::size_t i = 0; good && i < id.size(); ++i) {
     const char* end = digits.data() + 2 * i + 2;
@@ -195,7 +195,8 @@ void take(Taken& taken, const std::wstring& name, const StrictElement& element, 
 }  // namespace
 
 Scenario readScenario(std::string_view text, const std::string& file) {
-  tinyxml2::XMLDocument document;
+  constexpr bool replacesReferences = false;
+  tinyxml2::XMLDocument document(replacesReferences);
   const StrictElement root = parseStrictly(document, text, file, "scenario");
   root.allow({"seed"}, {"call", "printer"});
   Scenario scenario;

@@ -6,6 +6,7 @@
 
 #include "simulator/SimulatedPrinters.h"
 #include "simulator/Utf8.h"
+#include "simulator/XmlReferences.h"
 
 namespace simulator {
 namespace {
@@ -15,8 +16,7 @@ constexpr std::size_t shownLength = 60;
 bool startsCharacter(char byte) { return (static_cast<unsigned char>(byte) & 0xc0) != 0x80; }
 
 /// A value from the file as an error line may hold it: short and without line breaks.
-std::string quoted(std::string_view value) {
-  std::string text(value);
+std::string quoted(std::string text) {
   if (text.size() > shownLength) {
     std::size_t end = shownLength;
     while (end > 0 && !startsCharacter(text[end])) --end;
@@ -94,10 +94,17 @@ const tinyxml2::XMLAttribute* StrictElement::find(std::string_view attribute) co
   return m_element->FindAttribute(std::string(attribute).c_str());
 }
 
-std::string_view StrictElement::raw(std::string_view attribute) const {
+std::string StrictElement::raw(std::string_view attribute) const {
   const auto* found = find(attribute);
   if (found == nullptr) fail("missing attribute '" + std::string(attribute) + "' of " + tag(name()) + "; it has no default");
-  return found->Value();
+  auto text = withoutReferences(found->Value());
+  if (!text) {
+    failAt(*m_file, found->GetLineNum(),
+           "attribute '" + std::string(attribute) + "' of " + tag(name()) +
+               " has an '&' that stands for no character; right are &amp; &lt; &gt; &quot; &apos; or numbers such as &#65; and "
+               "&#x41;");
+  }
+  return *std::move(text);
 }
 
 std::wstring StrictElement::decoded(std::string_view attribute) const {
@@ -141,7 +148,7 @@ std::wstring StrictElement::secret(std::string_view attribute, std::size_t longe
 std::int64_t StrictElement::number(std::string_view attribute, std::int64_t min, std::int64_t max,
                                    std::optional<std::int64_t> fallback) const {
   if (fallback && !has(attribute)) return *fallback;
-  const std::string_view digits = raw(attribute);
+  const std::string digits = raw(attribute);
   std::int64_t value = 0;
   const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
   if (error != std::errc() || end != digits.data() + digits.size() || value < min || value > max) {

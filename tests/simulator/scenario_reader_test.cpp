@@ -20,6 +20,13 @@ std::string inTimeline(const std::string& at) {
 }
 std::string inWifi(const std::string& point) { return onePrinter("", "<wifi>\n" + point + "</wifi>"); }
 
+/// In the second line.
+std::string noReference(const std::string& attribute, const std::string& element) {
+  return "f.xml:2: attribute '" + attribute + "' of <" + element +
+         "> has an '&' that stands for no character; right are &amp; &lt; &gt; &quot; &apos; or numbers such as &#65; and "
+         "&#x41;";
+}
+
 const std::vector<Mistake> mistakes{
     // The file
     {"Empty", "", "f.xml:1: the file is empty; right is <scenario>"},
@@ -38,6 +45,17 @@ const std::vector<Mistake> mistakes{
      "f.xml:1: attribute 'name' of <printer> is not valid UTF-8; save the file as UTF-8"},
     {"SurrogateUtf8", onePrinter("name='\xed\xa0\x80'"),
      "f.xml:1: attribute 'name' of <printer> is not valid UTF-8; save the file as UTF-8"},
+    {"ReferenceToZero", onePrinter("\nname='a&#0;b'"), noReference("name", "printer")},
+    {"ReferenceToASurrogate", onePrinter("\nname='&#xD800;'"), noReference("name", "printer")},
+    {"ReferenceBeyondAllCharacters", onePrinter("\nname='&#x110000;'"), noReference("name", "printer")},
+    {"ReferenceThatOverflows", onePrinter("\nname='&#x100000041;'"), noReference("name", "printer")},
+    {"ReferenceWithoutDigits", onePrinter("\nname='&#;'"), noReference("name", "printer")},
+    {"ReferenceWithASign", onePrinter("\nname='&#-65;'"), noReference("name", "printer")},
+    {"ReferenceWithoutItsEnd", onePrinter("\nname='&#65'"), noReference("name", "printer")},
+    {"UnknownReference", onePrinter("\nname='&lt;&foo;'"), noReference("name", "printer")},
+    {"BareAmpersand", onePrinter("\nname='Black & white'"), noReference("name", "printer")},
+    {"ReferenceInANumber", onePrinter("\ninterval='1&#0;x'"), noReference("interval", "printer")},
+    {"ReferenceInAPassword", inWifi("<access-point name='a' password='&'/>"), noReference("password", "access-point")},
     {"CutUtf8", onePrinter("name='\xe2\x82'"),
      "f.xml:1: attribute 'name' of <printer> is not valid UTF-8; save the file as UTF-8"},
 
@@ -303,8 +321,8 @@ TEST_F(ScenarioReader, DefaultsAreAsDocumented) {
 }
 
 TEST_F(ScenarioReader, TextsAreWideInThePlatformsOwnForm) {
-  loadScenarioText(onePrinter("name='\xc3\xa4\xe2\x82\xac\xf0\x9f\x96\xa8 &lt;&#x41;&gt;'"));
-  EXPECT_EQ(newPrinterInfo(L"a").name, L"\u00e4\u20ac\U0001f5a8 <A>");
+  loadScenarioText(onePrinter("name='\xc3\xa4\xe2\x82\xac\xf0\x9f\x96\xa8 &lt;&#x41;&gt;&amp;&quot;&apos;&#0128424;&#xa;'"));
+  EXPECT_EQ(newPrinterInfo(L"a").name, L"\u00e4\u20ac\U0001f5a8 <A>&\"'\U0001f5a8\n");
 }
 
 TEST_F(ScenarioReader, ByteOrderMarkAndCommentsAreAllowed) {
