@@ -7,6 +7,7 @@
 #include "simulator/SimulatedPrinters.h"
 #include "simulator/Utf8.h"
 #include "simulator/XmlReferences.h"
+#include "simulator/XmlTags.h"
 
 namespace simulator {
 namespace {
@@ -183,6 +184,7 @@ StrictElement parseStrictly(tinyxml2::XMLDocument& document, std::string_view te
         file, document.ErrorLineNum(),
         std::string("not well-formed XML (") + document.ErrorName() + "); close every element and quote every attribute once");
   }
+  refuseForgivenTags(text, file);
   const tinyxml2::XMLElement* root = document.RootElement();
   for (auto* node = document.FirstChild(); node != nullptr; node = node->NextSibling()) {
     if (node == root || node->ToComment() != nullptr || node->ToDeclaration() != nullptr) continue;
