@@ -72,6 +72,7 @@ class Call {
 
  private:
   std::optional<int> failure() const;
+  void finish(std::optional<int> result);
 
   const Target m_target;  // its text is the caller's, who outlives the call
   const OpenCall m_call;

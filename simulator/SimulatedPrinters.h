@@ -86,6 +86,19 @@ struct CallRecord {
   std::optional<int> result;
 };
 
+/// A call of a maker's function as it begins or ends, for a program that watches for long: it keeps what it needs.
+struct CallSight {
+  std::string_view function;  ///< as the maker's header spells it; lives as long as the program
+  std::wstring_view printer;  ///< uid, empty as in `CallRecord`; for the duration of the watcher's call
+  bool ends = false;
+  std::optional<int> result;  ///< of one that ends, as in `CallRecord`
+};
+using CallWatcher = void (*)(const CallSight& sight);
+
+/// From now on `watcher` sees every call begin, before it waits, and end, just before it returns: on the thread of the call,
+/// with nothing locked. It must not throw. Null: nobody. Whoever takes a watcher away waits until no call is under way.
+SIMULATOR_API void watchCalls(CallWatcher watcher);
+
 /// How many calls the record holds; older ones leave it. Counts and waits are not affected.
 inline constexpr std::size_t recordCapacity = 65'536;
 

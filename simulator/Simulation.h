@@ -93,7 +93,9 @@ class Simulation {
       REQUIRES(m_mutex);
 
   std::mutex m_mutex;
-  std::condition_variable m_changed;  // anything below, or in the session
+  // Apart, since with many printers most calls that wait would be woken for nothing by each call that begins or ends.
+  std::condition_variable m_changed;   // for calls that wait: the session, its releases, the time
+  std::condition_variable m_recorded;  // for those who wait for calls: the session and its record
   std::shared_ptr<Session> m_session GUARDED_BY(m_mutex);
   Time m_time GUARDED_BY(m_mutex);
 };

@@ -1,11 +1,22 @@
 #include "simulator/Call.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 
 namespace simulator {
 namespace {
+
+std::atomic<CallWatcher> g_watcher{nullptr};
+
+void showWatcher(Function function, const Session& session, std::optional<std::size_t> printer, bool ends,
+                 std::optional<int> result = std::nullopt) {
+  const CallWatcher watcher = g_watcher.load();
+  if (watcher == nullptr) return;
+  const std::wstring_view uid = printer ? std::wstring_view(session.scenario.printers[*printer].description.uid) : L"";
+  watcher({rowOf(function).name, uid, ends, result});
+}
 
 std::shared_ptr<Session> sessionOrExit() {
   try {
@@ -37,6 +48,7 @@ std::optional<std::size_t> find(Session& session, const Target& target) {
 OpenCall begin(Function function, const Target& target) {
   auto session = sessionOrExit();
   const auto printer = find(*session, target);
+  showWatcher(function, *session, printer, false);
   return Simulation::instance().begin(std::move(session), function, printer);
 }
 
@@ -45,6 +57,8 @@ Target byMember(const qzstd::PrinterInfo* printer, const std::wstring qzstd::Pri
 }
 
 }  // namespace
+
+void watchCalls(CallWatcher watcher) { g_watcher.store(watcher); }
 
 Target byUid(const qzstd::PrinterInfo* printer) { return byMember(printer, &qzstd::PrinterInfo::uid); }
 
@@ -58,7 +72,12 @@ Target byManagerId(const wchar_t* managerId) {
 Call::Call(Function function, const Target& target) : m_target(target), m_call(begin(function, target)) {}
 
 Call::~Call() {
-  if (!m_ended) Simulation::instance().end(m_call, std::nullopt);
+  if (!m_ended) finish(std::nullopt);
+}
+
+void Call::finish(std::optional<int> result) {
+  Simulation::instance().end(m_call, result);
+  showWatcher(m_call.function, *m_call.session, m_call.printer, true, result);
 }
 
 std::optional<int> Call::failure() const {
@@ -97,7 +116,7 @@ Call::JobNow Call::endJob() const {
 
 int Call::end(int result) {
   m_ended = true;
-  Simulation::instance().end(m_call, result);
+  finish(result);
   return result;
 }
 

@@ -21,6 +21,7 @@ void Simulation::replaceLocked(std::shared_ptr<Session> session) {
   if (m_session) ++m_session->releases;
   m_session = std::move(session);
   m_changed.notify_all();
+  m_recorded.notify_all();
 }
 
 void Simulation::load(Scenario scenario) {
@@ -58,7 +59,7 @@ OpenCall Simulation::begin(std::shared_ptr<Session> session, Function function, 
     in.record.pop_front();
     ++in.forgotten;
   }
-  m_changed.notify_all();
+  m_recorded.notify_all();
   waitAsToldLocked(call, now);
   return call;
 }
@@ -86,7 +87,7 @@ void Simulation::end(const OpenCall& call, std::optional<int> result) {
     entry.end = m_time.now();
     entry.result = result;
   }
-  m_changed.notify_all();
+  m_recorded.notify_all();
 }
 
 milliseconds Simulation::elapsedLocked(const Session& session) const {
@@ -117,7 +118,7 @@ bool Simulation::waitUntil(std::uint32_t Session::Count::*counted, Function func
   std::lock_guard lock(m_mutex);
   std::unique_lock waiting(m_mutex, std::adopt_lock);
   bool reached = countedLocked(counted, function, printer) >= count;
-  while (!reached && m_changed.wait_until(waiting, deadline) == std::cv_status::no_timeout) {
+  while (!reached && m_recorded.wait_until(waiting, deadline) == std::cv_status::no_timeout) {
     reached = countedLocked(counted, function, printer) >= count;
   }
   waiting.release();
