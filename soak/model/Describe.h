@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+#include "model/Steps.h"
+
+/// The model's things in words, for the report of a difference.
+namespace soak {
+
+std::string textOf(const Event& event);
+std::string textOf(const State& state, const Knowledge& known);
+
+/// Where the task is, for one who expected it to have left.
+std::string whereIs(const State& state, TaskId task);
+/// What a run may show next.
+std::string mayShow(const List& list, const Knowledge& known);
+/// Why nothing may run now, or what may.
+std::string mayRun(const List& list, const Knowledge& known);
+/// When the list may end.
+std::string mayEnd(const List& list);
+
+/// Time since the first event of the soak, which is where the report's times begin.
+std::string clockTime(Moment at);
+
+}  // namespace soak

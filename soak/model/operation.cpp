@@ -1,0 +1,210 @@
+#include "model/Operation.h"
+
+#include <algorithm>
+#include <initializer_list>
+
+namespace soak {
+namespace {
+
+using Npa = Progress::Npa;
+
+constexpr std::array<std::string_view, 22> kNames{
+    "State",         "GetAlarm",      "GetDevParam", "SetSupplyAlarm", "SetSleepTime", "SetPaperAlarm",
+    "SetSilentMode", "SetTimedClear", "GetPushscan", "RegPushscan",    "RegUpgrade",   "PrintAdjust",
+    "PrintClean",    "PrintQRcode",   "GetNetwork",  "SetNetwork",     "SetAdjust",    "FirmNewCheck",
+    "FirmUpgrade",   "FirmUpCheck",   "GetWifiList", "SetWifiList"};
+
+Next calls(std::initializer_list<std::string_view> functions) {
+  Next next;
+  std::ranges::copy(functions, next.calls.begin());
+  return next;
+}
+Next call(std::string_view function) { return calls({function}); }
+Next round() { return {.round = true}; }
+Next done() { return {.done = true}; }
+
+// The exchange that reads the state is left out when nothing asks for it.
+Next stateNext(const Progress& at, const Surroundings& in) {
+  constexpr std::string_view jobs = "AppMgr_GetPrintingJob", address = "AppMgr_CheckIpChange",
+                             scan = "AppPrinterSdk_IsSuppportPushScan", read = "AppPrinterSdk_GetState";
+  if (at.afterRound) return done();
+  if (at.function.empty()) return call(jobs);
+  if (at.function == read) return round();
+  if (at.function == scan) return at.result != 0 ? call(read) : round();
+  if (in.printer.network) {
+    if (at.function == jobs) return call(address);
+    if (at.npa == Npa::unread) return {.readsNpa = true};
+    return at.npa == Npa::yes || at.jobs >= 1 ? call(read) : round();
+  }
+  if (at.jobs != 0) return in.printer.ctrlPort ? call(read) : round();
+  if (at.npa == Npa::unread) return {.readsNpa = true};
+  return call(at.npa == Npa::yes ? read : scan);
+}
+
+Next alarmNext(const Progress& at) {
+  if (at.function.empty()) return call("AppPrinterSdk_IsSuppportSuppliesAlarm");
+  const bool supported = at.function == "AppPrinterSdk_IsSuppportSuppliesAlarm" && at.result != 0;
+  return supported ? call("AppPrinterSdk_GetSuppliesAlarm") : done();
+}
+
+// Which of them are selected is between the application and its record.
+Next parametersNext(const Progress& at) {
+  constexpr std::array<std::string_view, 5> getters{"AppPrinterSdk_GetSleepTime", "AppPrinterSdk_GetSuppliesAlarm",
+                                                    "AppPrinterSdk_GetPaperAlarm", "AppPrinterSdk_GetTimedClear",
+                                                    "AppPrinterSdk_GetSilentMode"};
+  if (at.afterRound) return done();
+  Next next = round();
+  const auto last = std::ranges::find(getters, at.function);
+  std::copy(last == getters.end() ? getters.begin() : last + 1, getters.end(), next.calls.begin());
+  return next;
+}
+
+// Operations that change the printer ask it first.
+Next changeNext(const Progress& at, const Surroundings& in, std::string_view function) {
+  if (at.afterRound) return done();
+  if (at.function.empty()) return call("AppMgr_GetPrintingJob");
+  const auto status = in.task.status;
+  const bool accepts = in.task.type == Type::PrintQRcode ? status != 1 : status == 0 || status == 11;
+  return at.function != function && at.jobs <= 0 && accepts ? call(function) : round();
+}
+
+Next oneCallNext(const Progress& at, std::string_view function, const Next& after) {
+  if (at.afterRound) return done();
+  return at.function.empty() ? call(function) : after;
+}
+
+Next checkNext(const Progress& at) {
+  constexpr std::string_view start = "AppSdk_TriggerFwUpgradeStart", process = "AppSdk_TriggerFwUpgradeProcess",
+                             result = "AppSdk_TriggerFwUpgradeResult";
+  if (at.afterRound) return done();
+  if (at.function == result) return round();
+  Next next = at.function.empty() ? calls({start, process}) : call(result);
+  next.round = true;
+  return next;
+}
+
+// The last notice of a long job is left out once the task is deleted.
+Next afterExit(const Progress& at, const Surroundings& in) {
+  if (at.afterRound || in.isDeleted) return done();
+  return {.round = true, .done = in.mayBeDeleted};
+}
+
+Next transferNext(const Progress& at, const Surroundings& in) {
+  constexpr std::string_view start = "AppPrinterSdk_UpgradeFwStart", progress = "AppPrinterSdk_UpgradeFwProgress",
+                             exit = "AppPrinterSdk_UpgradeFwExit";
+  if (at.exited) return afterExit(at, in);
+  if (at.function.empty()) return call(start);
+  if (at.function == progress && !at.afterRound) return at.result == 0 ? round() : call(exit);
+  return calls({progress, exit});
+}
+
+Next watchNext(const Progress& at, const Surroundings& in) {
+  constexpr std::string_view read = "AppPrinterSdk_GetState";
+  if (at.function == read && !at.afterRound) return round();
+  if (in.isDeleted) return done();
+  Next next = call(read);
+  next.done = in.mayBeDeleted;
+  return next;
+}
+
+Next searchNext(const Progress& at, const Surroundings& in) {
+  constexpr std::string_view connected = "AppPrinterSdk_IsNetConnected", start = "AppMgr_GetPrinterWifiStart",
+                             progress = "AppMgr_GetPrinterWifiProgress", result = "AppMgr_GetPrinterWifiResult",
+                             exit = "AppMgr_GetPrinterWifiExit";
+  if (at.function.empty()) return call(connected);
+  if (at.function == connected) {
+    if (at.afterRound) return done();
+    return at.result != 0 ? round() : call(start);
+  }
+  if (at.exited) return afterExit(at, in);
+  if (at.function == result) return call(exit);
+  if (at.function == progress && !at.afterRound) return {.calls = {result}, .round = true};
+  Next next = in.isDeleted ? call(exit) : call(progress);
+  if (in.mayBeDeleted) next.calls[1] = exit;
+  return next;
+}
+
+Next joinNext(const Progress& at, const Surroundings& in) {
+  constexpr std::string_view start = "AppMgr_PrinterWifiConfigStart", progress = "AppMgr_PrinterWifiConfigProgress",
+                             exit = "AppMgr_PrinterWifiConfigExit";
+  if (at.function.empty()) return call(start);
+  if (at.exited) return afterExit(at, in);
+  if (at.function == progress && !at.afterRound) return {.calls = {exit}, .round = true};
+  Next next = in.isDeleted ? call(exit) : call(progress);
+  if (in.mayBeDeleted) next.calls[1] = exit;
+  return next;
+}
+
+Next pushScanNext(const Progress& at) {
+  if (at.function.empty()) return call("AppPrinterSdk_GetPushScanPara");
+  if (at.result == 0 && !at.afterRound) return {.ownNotice = true};
+  return done();
+}
+
+Next operationNext(const Progress& at, const Surroundings& in) {
+  switch (in.task.type) {
+    case Type::State:
+      return stateNext(at, in);
+    case Type::GetAlarm:
+      return alarmNext(at);
+    case Type::GetDevParam:
+      return parametersNext(at);
+    case Type::SetSupplyAlarm:
+      return changeNext(at, in, "AppPrinterSdk_SetSuppliesAlarm");
+    case Type::SetSleepTime:
+      return changeNext(at, in, "AppPrinterSdk_SetSleepTime");
+    case Type::SetPaperAlarm:
+      return changeNext(at, in, "AppPrinterSdk_SetPaperAlarm");
+    case Type::SetSilentMode:
+      return changeNext(at, in, "AppPrinterSdk_SetSilentMode");
+    case Type::SetTimedClear:
+      return changeNext(at, in, "AppPrinterSdk_SetTimedClear");
+    case Type::GetPushscan:
+      return pushScanNext(at);
+    case Type::RegPushscan:
+      return oneCallNext(at, "AppPrinterSdk_RegisterPushScanUSB", done());
+    case Type::RegUpgrade:
+      return oneCallNext(at, "AppSdk_SetPrinterUpgradeInfo", done());
+    case Type::PrintAdjust:
+      return changeNext(at, in, "AppPrinterSdk_SetAlignPage");
+    case Type::PrintClean:
+      return changeNext(at, in, "AppPrinterSdk_SetClean");
+    case Type::PrintQRcode:
+      return changeNext(at, in, "AppSdk_PrintBmp");
+    case Type::GetNetwork:
+      return oneCallNext(at, "AppPrinterSdk_GetNetWork", round());
+    case Type::SetNetwork:
+      return changeNext(at, in, "AppPrinterSdk_SetNetWork");
+    case Type::SetAdjust:
+      return changeNext(at, in, "AppPrinterSdk_SetAlignCmd");
+    case Type::FirmNewCheck:
+      return checkNext(at);
+    case Type::FirmUpgrade:
+      return transferNext(at, in);
+    case Type::FirmUpCheck:
+      return watchNext(at, in);
+    case Type::GetWifiList:
+      return searchNext(at, in);
+    case Type::SetWifiList:
+      return joinNext(at, in);
+  }
+  return {};
+}
+
+}  // namespace
+
+bool Next::calling(std::string_view function) const {
+  return !function.empty() && std::ranges::find(calls, function) != calls.end();
+}
+
+Next nextOf(const Progress& at, const Surroundings& in) {
+  if (at.refused) return done();
+  if (in.task.wrongRecord && in.task.type != Type::GetAlarm) return {.ownRecord = true};
+  return operationNext(at, in);
+}
+
+bool sharesRecords(Type type) { return type == Type::State || type == Type::RegPushscan || type == Type::RegUpgrade; }
+
+std::string_view nameOf(Type type) { return kNames.at(static_cast<std::size_t>(type)); }
+
+}  // namespace soak

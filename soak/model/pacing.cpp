@@ -1,0 +1,118 @@
+#include "model/Pacing.h"
+
+#include <algorithm>
+
+namespace soak {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr int kIdleCycles = 10;
+// Durations are compared in whole milliseconds, so the last NPA run counts as recent up to one more than the interval.
+constexpr auto kTruncated = 1ms;
+// A wait uses up a wake-up, if there is one, and is over at once. So one that lasted shows that there was none. Where the
+// machine is busy, a worker may come to its wait when that would be over; but seldom just then, and not so often in a row.
+constexpr int kCalmCycles = 8;
+constexpr int kPunctual = 4;  // late by so small a part of the interval at most
+// The timer goes on from period to period until the worker, once awake, has stopped it. Its period is what is left of the
+// interval when the wait begins: all of it, but for what the machine takes away in between.
+constexpr int kShortenedPeriod = 4;
+// After idle cycles nobody knows how late a turn is. No machine takes a thread away for so long.
+constexpr std::chrono::milliseconds kLongStall = 200ms;
+// What that comes to over idle cycles, of which nothing is seen.
+constexpr std::chrono::milliseconds kIdleSlack = 50ms;
+
+std::chrono::milliseconds intervalOf(const List& list) { return std::chrono::milliseconds(std::max(list.interval, 0)); }
+
+// The waits count from the last check, whatever the time of the last NPA run may be.
+bool pacedByCheck(const List& list) {
+  const Pace& pace = list.pace;
+  if (pace.keptLast) return false;
+  return !pace.npaEver || (pace.npaBounded && pace.checkLow >= pace.npaHigh + intervalOf(list) + kTruncated);
+}
+
+// For all that can be seen, its turn came by the time and not by a wake-up.
+bool hasWaited(const List& list, Moment now) {
+  const auto late = now - (list.pace.checkLow + intervalOf(list));
+  return late >= 0ms && late * kPunctual <= intervalOf(list);
+}
+
+// Wake-ups by a timer that the worker came to stop so late. After another wake-up the wait begins anew with what is left.
+int postsOfTimer(const List& list, std::chrono::nanoseconds late) {
+  if (list.interval <= 0 || list.pace.fresh || list.queue.empty()) return 0;
+  if (list.pace.idled) late = std::min<std::chrono::nanoseconds>(late, std::max(intervalOf(list), kLongStall));
+  const std::chrono::milliseconds whole = list.pace.woken.value ? 0ms : intervalOf(list) / kShortenedPeriod;
+  const std::chrono::nanoseconds shortest = std::max(whole, std::chrono::milliseconds(1));
+  return static_cast<int>(std::min<std::int64_t>(late / shortest, 1'000));
+}
+
+}  // namespace
+
+Earliest nextTurn(const List& list) {
+  const Pace& pace = list.pace;
+  if (pace.fresh) return {pace.checkLow, false};
+  if (pace.keptLast) return {pace.npaLow + intervalOf(list), false};
+  if (pacedByCheck(list)) return {pace.checkLow + intervalOf(list), true};
+  return {std::max(pace.checkLow, pace.npaLow + intervalOf(list)), false};
+}
+
+// While the last NPA run counts as recent, cycles follow each other at once: only those after it are an interval apart.
+Moment idleEnd(const List& list) {
+  const Earliest first = nextTurn(list);
+  if (list.pace.fresh || !pacedByCheck(list)) return first.at;
+  const int more = std::max(0, kIdleCycles - list.pace.idleCycles - 1 - list.pace.posts.value);
+  const Moment begin = list.pace.posts.value > 0 ? list.pace.checkLow : first.at;
+  return std::max(list.pace.checkLow, begin + more * intervalOf(list) - std::max(intervalOf(list), kIdleSlack));
+}
+
+bool beginTurn(List& list, Moment now) {
+  Pace& pace = list.pace;
+  const Earliest turn = nextTurn(list);
+  const bool early = now < turn.at;
+  if (early && (!turn.shortened || pace.posts.value == 0)) return false;
+  list.turnLow = early ? pace.checkLow : turn.at;
+  list.place = Place::turn;
+  list.idleTurn = list.queue.empty();
+  if (early) {
+    --pace.posts.value;
+    pace.calmCycles.value = 0;
+    return true;
+  }
+  if (hasWaited(list, now) && ++pace.calmCycles.value >= kCalmCycles) pace.posts.value = 0;
+  if (const int more = postsOfTimer(list, now - turn.at); more > 0) {
+    pace.posts.value += more;
+    pace.calmCycles.value = 0;
+  }
+  return true;
+}
+
+void stampRun(List& list) {
+  Pace& pace = list.pace;
+  pace.fresh = false;
+  pace.idleCycles = 0;
+  pace.idled = false;
+  pace.woken.value = false;
+  pace.checkLow = list.lastSeen;
+  pace.keptLast = list.run.keepsNpa;
+  if (!pace.keptLast) return;
+  pace.npaEver = true;
+  pace.npaBounded = false;
+  pace.npaLow = list.lastSeen;
+}
+
+void stampIdleCycle(List& list, Moment from) {
+  Pace& pace = list.pace;
+  pace.fresh = false;
+  pace.keptLast = false;
+  pace.checkLow = std::max(pace.checkLow, from);
+  pace.idleCycles = 1;
+  pace.idled = true;
+}
+
+void boundStamps(List& list, Moment seen) {
+  if (!list.pace.npaEver || list.pace.npaBounded) return;
+  list.pace.npaBounded = true;
+  list.pace.npaHigh = seen;
+}
+
+}  // namespace soak

@@ -1,0 +1,132 @@
+/// What a worker and its handler do unseen during a run, and at its end.
+
+#include <algorithm>
+
+#include "model/Concern.h"
+#include "model/Pacing.h"
+#include "model/StepParts.h"
+
+namespace soak {
+namespace {
+
+// Once observers leave, notified or not. A once task leaves as well, and the first of the others takes its place.
+void requeue(State state, std::size_t index, const std::vector<TaskId>& once, const Knowledge& known,
+             std::vector<State>& found) {
+  List& list = state.lists[index];
+  const auto isOnce = [&](TaskId task) { return std::ranges::find(once, task) != once.end(); };
+  stampRun(list);
+  Entry entry = std::move(list.queue.front());
+  list.queue.erase(list.queue.begin());
+  std::vector<TaskId> stay;
+  for (const TaskId task : entry.tasks) {
+    if (isOnce(task)) {
+      state.leave(task, list.id);
+    } else {
+      stay.push_back(task);
+    }
+  }
+  entry.tasks = std::move(stay);
+  if (!entry.tasks.empty()) list.queue.push_back(std::move(entry));
+  list.pace.idled = list.queue.empty();
+  list.run = {};
+  list.place = Place::waiting;
+  list.lastTouched.value = known.now;
+  found.push_back(std::move(state));
+}
+
+void addRequeued(const State& state, std::size_t index, const Knowledge& known, std::vector<State>& found) {
+  const List& list = state.lists[index];
+  std::vector<TaskId> certain;
+  std::vector<TaskId> unsure;
+  for (const TaskId task : list.queue.front().tasks) {
+    if (!known.facts.mayBeOnce(task, list.lastSeen)) continue;
+    (known.facts.mayRepeat(task, list.lastSeen) ? unsure : certain).push_back(task);
+  }
+  for (std::size_t choice = 0; choice < waysToChoose(unsure.size()); ++choice) {
+    auto once = certain;
+    for (std::size_t bit = 0; bit < unsure.size(); ++bit) {
+      if (((choice >> bit) & 1U) != 0) once.push_back(unsure[bit]);
+    }
+    requeue(state, index, once, known, found);
+  }
+}
+
+void addReading(const State& state, std::size_t index, std::vector<State>& found) {
+  const Request request = state.requestOf(state.lists[index].queue.front().tasks.front());
+  const auto read = [&](Progress::Npa npa) { found.emplace_back(state).lists[index].run.at.npa = npa; };
+  if (request != Request::yes) read(Progress::Npa::no);
+  if (request != Request::no) read(Progress::Npa::yes);
+}
+
+// All windows have been told, or the one: who joins from here on is not.
+void addRoundEnd(State state, std::size_t index, std::vector<State>& found) {
+  List& list = state.lists[index];
+  const auto& tasks = list.queue.front().tasks;
+  if (list.run.noticing || list.run.told != (list.run.ownOnly ? 1U : tasks.size())) return;
+  if (list.run.ownOnly) {
+    state.dropped.insert(state.dropped.end(), tasks.begin() + 1, tasks.end());
+    std::ranges::sort(state.dropped);
+    state.dropped.erase(std::ranges::unique(state.dropped).begin(), state.dropped.end());
+  }
+  list.run.phase = Run::Phase::choice;
+  list.run.at.afterRound = true;
+  found.push_back(std::move(state));
+}
+
+// A watch over a task that is deleted by then shows nothing. It ends no earlier than the deletion was asked for.
+void addSilentRuns(const State& state, std::size_t index, const Knowledge& known, std::vector<State>& found) {
+  for (State& begun : runsFrom(state, index, known)) {
+    List& list = begun.lists[index];
+    list.lastSeen = std::max(list.turnLow, known.facts.deletedFrom(list.queue.front().tasks.front()));
+    if (nextOfRun(list, known).done) found.push_back(std::move(begun));
+  }
+}
+
+void addListSteps(const State& state, std::size_t index, const Knowledge& known, std::vector<State>& found) {
+  addCycleSteps(state, index, known, found);
+  addRunSteps(state, index, known, found);
+}
+
+}  // namespace
+
+Next nextOfRun(const List& list, const Knowledge& known) {
+  const TaskId current = list.queue.front().tasks.front();
+  return nextOf(list.run.at, {.printer = known.printer,
+                              .task = known.facts.traitsOf(current),
+                              .mayBeDeleted = known.facts.mayBeDeleted(current),
+                              .isDeleted = known.facts.isDeletedSince(current, list.lastSeen)});
+}
+
+void addRunSteps(const State& state, std::size_t index, const Knowledge& known, std::vector<State>& found) {
+  const List& list = state.lists[index];
+  if (list.place == Place::tidied) return addSilentRuns(state, index, known, found);
+  if (list.place != Place::running || list.run.phase == Run::Phase::calling) return;
+  if (list.run.phase == Run::Phase::walking) return addRoundEnd(state, index, found);
+  const Next next = nextOfRun(list, known);
+  if (next.readsNpa) addReading(state, index, found);
+  if (next.done) addRequeued(state, index, known, found);
+}
+
+std::size_t waysToChoose(std::size_t count) {
+  constexpr std::size_t most = 10;
+  if (count > most) throw TooManyWays(std::to_string(count) + " tasks of one list whose flags are in flux");
+  return std::size_t{1} << count;
+}
+
+std::vector<State> stepsFrom(const State& state, const Knowledge& known) {
+  std::vector<State> found;
+  addCallSteps(state, known, found);
+  for (std::size_t index = 0; index < state.lists.size(); ++index) addListSteps(state, index, known, found);
+  return found;
+}
+
+std::vector<State> stepsBefore(const State& state, const Event& event, const Knowledge& known) {
+  std::vector<State> found;
+  addCallSteps(state, known, found);
+  for (std::size_t index = 0; index < state.lists.size(); ++index) {
+    if (concerns(state, state.lists[index], event, known)) addListSteps(state, index, known, found);
+  }
+  return found;
+}
+
+}  // namespace soak
