@@ -1,0 +1,89 @@
+#include "Record.h"
+
+#include <chrono>
+#include <memory>
+#include <thread>
+
+#include "Recorder.h"
+#include "Records.h"
+
+namespace soak {
+namespace {
+
+using namespace std::chrono_literals;
+
+/// What no operation takes. A handler copies the task's resource to look at it, so the copy is seen on the handler's thread.
+/// With `slow` it takes a while: nothing else slows the runs of such a task down.
+class Telltale {
+ public:
+  Telltale(PrinterId printer, TaskId code, bool slow) : m_printer(printer), m_code(code), m_slow(slow) {}
+  Telltale(const Telltale& other) : Telltale(other.m_printer, other.m_code, other.m_slow) {
+    Recorder::instance().belongsTo(m_printer);
+    Recorder::instance().record({.what = What::recordCopied, .printer = m_printer, .task = m_code});
+    if (m_slow) std::this_thread::sleep_for(2ms);
+  }
+  Telltale(Telltale&&) = default;
+  Telltale& operator=(const Telltale&) = delete;
+  ~Telltale() = default;
+
+ private:
+  PrinterId m_printer;
+  TaskId m_code;
+  bool m_slow;
+};
+
+// With the silent mode among them there would be pauses of a second.
+std::shared_ptr<AppComm::DevParam> drawParameters(Random& random) {
+  auto record = std::make_shared<AppComm::DevParam>();
+  record->sleepTimeOk = random.chance(50);
+  record->timedClearOk = random.chance(50);
+  record->silentModeOk = random.chance(5);
+  return record;
+}
+
+std::shared_ptr<AppComm::WIFI> drawNetwork(Random& random) {
+  auto record = std::make_shared<AppComm::WIFI>();
+  if (random.chance(70)) {
+    AppMgr::WifiNetwork network;
+    network.name = {L'n', L'e', L't'};
+    record->networks.push_back(network);
+  }
+  return record;
+}
+
+}  // namespace
+
+std::any drawRecord(Random& random, const TaskTraits& traits, PrinterId printer, TaskId code, bool slow) {
+  if (traits.wrongRecord) return Telltale(printer, code, slow);
+  switch (traits.type) {
+    case Type::State:
+    case Type::RegPushscan:
+    case Type::RegUpgrade:
+      return std::make_shared<AppComm::State>();
+    case Type::GetAlarm:
+      return {};
+    case Type::GetPushscan:
+      return std::make_shared<AppPrinterSdk::PushScanPara>();
+    case Type::PrintAdjust:
+    case Type::PrintClean:
+      return std::make_shared<AppComm::Maintain>();
+    case Type::PrintQRcode:
+      return std::make_shared<AppComm::QRCode>();
+    case Type::SetAdjust:
+      return std::make_shared<AppComm::SetAdjust>();
+    case Type::GetNetwork:
+    case Type::SetNetwork:
+      return std::make_shared<AppComm::NetWork>();
+    case Type::FirmNewCheck:
+    case Type::FirmUpgrade:
+    case Type::FirmUpCheck:
+      return std::make_shared<AppComm::FirmUp>();
+    case Type::GetWifiList:
+    case Type::SetWifiList:
+      return drawNetwork(random);
+    default:
+      return drawParameters(random);
+  }
+}
+
+}  // namespace soak

@@ -1,0 +1,82 @@
+#include "Soak.h"
+
+#include <thread>
+
+#include "Callers.h"
+#include "Recorder.h"
+#include "Resources.h"
+#include "simulator/SimulatedPrinters.h"
+#include "support/ThreadCount.h"
+
+namespace soak {
+namespace {
+
+using namespace std::chrono_literals;
+using std::chrono::steady_clock;
+
+constexpr auto kPatience = 90s;
+
+void watchCall(const simulator::CallSight& sight) {
+  Recorder& recorder = Recorder::instance();
+  const PrinterId named = printerOf(sight.printer);
+  if (named != kEveryPrinter) recorder.belongsTo(named);
+  // Functions of a job name no printer; their thread has worked for one before.
+  const PrinterId printer = recorder.printerOfThread();
+  if (printer == kEveryPrinter) return;
+  recorder.record({.what = sight.ends ? What::callEnd : What::callBegin,
+                   .printer = printer,
+                   .value = sight.result.value_or(0),
+                   .function = sight.function});
+}
+
+std::vector<PrinterTraits> traitsOf(const std::vector<PrinterPlan>& printers) {
+  std::vector<PrinterTraits> traits;
+  for (const PrinterPlan& printer : printers) traits.push_back(printer.traits);
+  return traits;
+}
+
+void waitFor(const Checker& checker, std::chrono::seconds length) {
+  const auto end = steady_clock::now() + length;
+  while (steady_clock::now() < end && !checker.found()) std::this_thread::sleep_for(10ms);
+}
+
+// Hangs end one after the other, as later calls hang anew.
+bool waitForRest(int threads) {
+  const auto deadline = steady_clock::now() + kPatience;
+  do {
+    simulator::releaseCalls();
+    if (support::waitForThreadCount(threads, steady_clock::now() + 200ms)) return true;
+  } while (steady_clock::now() < deadline);
+  return false;
+}
+
+}  // namespace
+
+Outcome runSoak(std::uint64_t seed, int printers, std::chrono::seconds length) {
+  const PrinterPlans plans = planPrinters(seed, printers, length);
+  simulator::loadScenarioText(plans.scenario, "soak");
+  const int threads = support::threadCount();
+  simulator::watchCalls(watchCall);
+  Outcome outcome;
+  {
+    Checker checker(traitsOf(plans.printers));
+    bool rests = false;
+    {
+      Callers callers(seed, plans.printers, checker);
+      waitFor(checker, length);
+      callers.rest();
+      callers.deleteAll();
+      stopAll();
+      rests = waitForRest(threads + 1);
+    }
+    outcome.difference = checker.finish();
+    outcome.totals = checker.totals();
+    if (!outcome.difference && !rests) outcome.difference = "the module's threads have not ended\n";
+  }
+  simulator::watchCalls(nullptr);
+  simulator::reset();
+  Recorder::instance().forgetEnded();
+  return outcome;
+}
+
+}  // namespace soak

@@ -1,0 +1,47 @@
+#include "Window.h"
+
+#include <chrono>
+#include <memory>
+#include <thread>
+
+#include "Random.h"
+#include "Recorder.h"
+#include "Records.h"
+
+namespace soak {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr int kRefusals = 6;                // percent
+constexpr std::uint64_t kLongestWatch = 4;  // notices: nothing else ends a watch
+
+std::shared_ptr<AppComm::State> stateOf(Type type, const std::any& record) {
+  const auto* state = std::any_cast<std::shared_ptr<AppComm::State>>(&record);
+  return type == Type::State && state != nullptr ? *state : nullptr;
+}
+
+}  // namespace
+
+Window::Window(std::uint64_t seed, PrinterId printer, TaskId task, Type type, bool slow, const std::any& record)
+    : m_seed(seed), m_printer(printer), m_task(task), m_type(type), m_slow(slow), m_state(stateOf(type, record)) {}
+
+bool Window::Notice(long code) const {
+  Recorder& recorder = Recorder::instance();
+  const auto task = static_cast<TaskId>(code);  // not m_task: it is the code that the module is to hand on
+  recorder.belongsTo(m_printer);
+  recorder.record({.what = What::noticeBegin,
+                   .printer = m_printer,
+                   .task = task,
+                   .value = m_state == nullptr ? -1
+                            : m_state->queried ? 1
+                                               : 0});
+  recorder.waitForRoom();
+  Random random(m_seed, (std::uint64_t{m_task} << 20U) + ++m_notices);
+  if (m_slow || random.chance(10)) std::this_thread::sleep_for(std::chrono::milliseconds(random.between(1, 3)));
+  const bool goesOn = !random.chance(kRefusals) && (m_type != Type::FirmUpCheck || m_notices < kLongestWatch);
+  recorder.record({.what = What::noticeEnd, .printer = m_printer, .task = task, .value = goesOn ? 1 : 0});
+  return goesOn;
+}
+
+}  // namespace soak
