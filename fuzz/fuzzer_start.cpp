@@ -15,6 +15,12 @@ class EndsAtTheFirstFailure : public testing::EmptyTestEventListener {
 
 }  // namespace
 
+// For stacks with functions and lines: the compiler's own symbolizer is in a package that nothing else here needs.
+extern "C" const char* __asan_default_options();
+extern "C" const char* __asan_default_options() { return "external_symbolizer_path=/usr/bin/addr2line"; }
+extern "C" const char* __ubsan_default_options();
+extern "C" const char* __ubsan_default_options() { return "print_stacktrace=1"; }
+
 extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
   testing::UnitTest::GetInstance()->listeners().Append(new EndsAtTheFirstFailure);  // owned by GoogleTest from here on
   return 0;
