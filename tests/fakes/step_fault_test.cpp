@@ -30,7 +30,8 @@ bool locks() {
     const std::lock_guard lock(mutex);
     return true;
   } catch (const std::system_error& error) {
-    return error.code() != std::errc::resource_deadlock_would_occur;
+    if (error.code() != std::errc::resource_deadlock_would_occur) throw;
+    return false;
   }
 }
 
