@@ -99,34 +99,51 @@ TEST_F(WorkerFaultDeathTest, TypeFarBeyondTheTableEndsTheProcess) {
   }
 }
 
-using WorkerFaults = SchedulerFaultTest;
+class WorkerFaults : public SchedulerFaultTest {
+ protected:
+  WorkerFaults() {
+    handlers.on(Type::GetAlarm, [](auto&) { return 0; });
+  }
+
+  Task repeatingTask(Type type, const std::wstring& uid, std::int32_t interval) {
+    auto task = onceTask(type, uid, interval);
+    task->setRepeat();
+    return task;
+  }
+};
 
 // The task takes the timer's mutex, and when the time is over the semaphore's.
 TEST_F(WorkerFaults, EachLockOfTheTimersTaskLeavesTheWorkerAsleepUntilItIsWoken) {
+  constexpr std::int32_t kInterval = 50;  // ms
+  constexpr std::size_t kOtherRuns = 5;
   for (std::size_t nth = 1; nth <= 2; ++nth) {
     SCOPED_TRACE(testing::Message() << "lock " << nth << " fails");
     const auto before = handlers.runs().size();
-    const auto task = onceTask(Type::State, L"P1", 50);
-    task->setRepeat();
     std::optional<StepFault> fault;  // the helper thread's
     std::atomic<const StepFault*> made{nullptr};
-    handlers.onAny([&](auto&) {
-      if (!fault) {
+    std::atomic<int> runs{0};
+    handlers.on(Type::State, [&](auto&) {
+      if (++runs == 1) {
         made.store(&fault.emplace(Step::lock, nth));
         made.notify_all();
       } else {
         fault.reset();
-        Stop();
       }
+      runs.notify_all();
       return 0;
     });
+    const auto task = repeatingTask(Type::State, L"P1", kInterval);
     Add(task);
     made.wait(nullptr);
     made.load()->awaitHappened();
-    EXPECT_EQ(handlers.runs().size(), before + 1) << "there is nobody who would wake the worker";
+
+    Add(repeatingTask(Type::GetAlarm, L"P2", kInterval));
+    handlers.awaitRuns(before + 1 + kOtherRuns);
+    EXPECT_EQ(runs, 1) << "as often as another worker has woken by itself, nobody has woken this one";
 
     StartNPA(task);
-    handlers.awaitRuns(before + 2);
+    runs.wait(1);
+    Stop();
     handlers.awaitNoLists();
   }
 }
