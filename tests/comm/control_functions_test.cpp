@@ -7,6 +7,7 @@
 #include "fakes/ThreadStartFault.h"
 #include "log/Log.h"
 #include "support/PrivateMember.h"
+#include "support/ThrownCode.h"
 
 using namespace std::chrono_literals;
 using fakes::withoutNPA;
@@ -280,15 +281,41 @@ TEST_F(ControlFunctionsTest, AnOldWorkersEndUnregistersTheNewListWhichGoesOnServ
 TEST_F(ControlFunctionsTest, WhenTheThreadCannotStartTheExceptionLeavesAddAndTheListStaysRegistered) {
   {
     const fakes::ThreadStartFault fault;
-    EXPECT_THROW(Add(onceTask(Type::State, 1)), std::system_error);
+    EXPECT_EQ(support::thrownCode([&] { Add(onceTask(Type::State, 1)); }), std::errc::resource_unavailable_try_again);
   }
 
   const auto list = onlyList();
   ASSERT_NE(list, nullptr);
   EXPECT_TRUE(list->m_running.load());
-  EXPECT_EQ(Add(onceTask(Type::GetAlarm, 2)), 0) << "later tasks are queued there";
-  EXPECT_EQ(count("thread_list", 35), 0U);
   EXPECT_EQ(Stop(), 0);
+  EXPECT_EQ(registeredLists(), 0U);
+}
+
+TEST_F(ControlFunctionsTest, TasksOfAListWhoseThreadCouldNotStartAreQueuedThereAndNeverRun) {
+  using Tasks = std::vector<std::shared_ptr<AppComm::Node>>;
+  const auto first = onceTask(Type::State, 1);
+  const auto second = onceTask(Type::GetAlarm, 2);
+  const auto observer = onceTask(Type::State, 3);
+  {
+    const fakes::ThreadStartFault fault;
+    EXPECT_THROW(Add(first), std::system_error);
+  }
+  const auto list = onlyList();
+  ASSERT_NE(list, nullptr);
+
+  EXPECT_EQ(Add(second), 0);
+  EXPECT_EQ(Add(observer), 0);
+  ASSERT_NE(list->entry(1), nullptr);
+  EXPECT_EQ(list->entry(0)->tasks(), (Tasks{first, observer}));
+  EXPECT_EQ(list->entry(1)->tasks(), (Tasks{second}));
+  EXPECT_EQ(list->entry(2), nullptr);
+
+  Add(onceTask(Type::State, 4, L"P2"));
+  EXPECT_EQ(handlers.awaitRuns(1), std::vector<long>{4}) << "another printer is served";
+  stopAndPassTheRest(1000ms);
+  awaitLeave();
+  EXPECT_EQ(count("thread_list", 35), 1U) << "the other printer's worker";
+  EXPECT_EQ(handlers.runs(), std::vector<long>{4});
 }
 
 TEST_F(ControlFunctionsTest, TwoAddsAtOnceForANewPrinterMakeOneList) {
