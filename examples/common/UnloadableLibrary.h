@@ -1,9 +1,11 @@
 #pragma once
 
 #include <chrono>
+#include <map>
 #include <string>
 
 #include "AppCommunication.h"  // brings in windows.h
+#include "common/Handle.h"
 
 namespace examples {
 
@@ -11,14 +13,15 @@ namespace examples {
 /// library is linked with the module, which comes and goes with it; the program is not.
 ///
 /// Code that still runs when it is unloaded ends the process, and neither `Stop` nor the last line in the log says that the
-/// module's threads are gone: only the system knows. So this class counts the threads of the process. From its construction
-/// until it has unloaded the library, the program starts and ends no other thread.
+/// module's threads are gone: only the system knows. So this class looks which threads the process has that it had not before.
+/// From its construction until it has unloaded the library, the program starts no other thread. Threads that the system itself
+/// adds meanwhile cannot be told from the module's, and are waited for too.
 ///
 /// The library exports `extern "C" void endTasks()`, which deletes all of its tasks and calls `Stop` (`AddedTasks::end`).
 /// It may be called more than once. One thread at a time may use an object.
 class UnloadableLibrary {
  public:
-  /// Loads it. Throws `std::system_error` when there is no such library, or when it cannot be ended.
+  /// Loads it. Throws `std::system_error` when there is no such library, or when it cannot be ended; it is then not loaded.
   explicit UnloadableLibrary(const std::wstring& path);
   /// A library that is not unloaded by now stays loaded: whether it still works is not known.
   ~UnloadableLibrary() = default;
@@ -31,17 +34,23 @@ class UnloadableLibrary {
     return reinterpret_cast<Function*>(reinterpret_cast<void*>(find(name)));
   }
 
-  /// Ends all tasks, waits until their threads are gone, and unloads the library. False when a thread is left after `limit`, as
-  /// it is when a printer hangs; the library is then still loaded, and another call goes on waiting.
+  /// Ends all tasks, waits until their threads are gone, and unloads the library. False when a thread is left after `limit`;
+  /// the library is then still loaded, and another call goes on waiting. That is so when a printer hangs, but also with healthy
+  /// ones when `limit` is too short: a worker first ends the run that is under way, or waits until an interval has passed since
+  /// its last NPA run. So `limit` exceeds the longest run plus the longest interval. Where a printer's task was added after a
+  /// `Stop`, it exceeds the run plus ten intervals: the old worker may have unregistered the new list, which `Stop` then does
+  /// not reach, and whose worker ends only because it is idle.
+  ///
+  /// Throws `std::system_error` when the system does not tell which threads there are, or does not unload the library.
   [[nodiscard]] bool unload(std::chrono::milliseconds limit);
 
-  /// Whether the process has the threads again that it had before.
+  /// Whether the process has no thread that it had not before. Throws `std::system_error` when the system does not tell.
   bool threadsAreGone() const;
 
  private:
   FARPROC find(const char* name) const;
 
-  const int m_threadsBefore;
+  const std::map<DWORD, Handle> m_threadsBefore;  // by id; open, because the id of an open thread is given to no other
   HMODULE m_library;
   void (*m_endTasks)();
 };

@@ -2,10 +2,10 @@
 
 #include <tlhelp32.h>
 
+#include <algorithm>
 #include <system_error>
 #include <thread>
-
-#include "common/Handle.h"
+#include <vector>
 
 namespace examples {
 namespace {
@@ -16,24 +16,38 @@ constexpr auto kPause = std::chrono::milliseconds(2);  // between two looks: the
   throw std::system_error(static_cast<int>(::GetLastError()), std::system_category(), what);
 }
 
-int threadsOfThisProcess() {
+std::vector<DWORD> threadsOfThisProcess() {
   const Handle snapshot(::CreateToolhelp32Snapshot(TH32CS_SNAPTHREAD, 0));
-  if (!snapshot.valid()) fail("the process's threads cannot be counted");
-  int count = 0;
+  if (!snapshot.valid()) fail("the process's threads cannot be listed");
+  std::vector<DWORD> ids;
   THREADENTRY32 thread{};
   thread.dwSize = sizeof(thread);
   for (BOOL more = ::Thread32First(snapshot.get(), &thread); more != FALSE; more = ::Thread32Next(snapshot.get(), &thread)) {
-    if (thread.th32OwnerProcessID == ::GetCurrentProcessId()) ++count;
+    if (thread.th32OwnerProcessID == ::GetCurrentProcessId()) ids.push_back(thread.th32ThreadID);
   }
-  return count;
+  // What a list lacks that was cut short counts as gone, and the code is unmapped under it.
+  if (::GetLastError() != ERROR_NO_MORE_FILES || ids.empty()) fail("the process's threads cannot be listed");
+  return ids;
+}
+
+std::map<DWORD, Handle> openThreadsOfThisProcess() {
+  std::map<DWORD, Handle> threads;
+  for (const DWORD id : threadsOfThisProcess()) threads.try_emplace(id, ::OpenThread(SYNCHRONIZE, FALSE, id));
+  std::erase_if(threads, [](const auto& thread) { return !thread.second.valid(); });  // has ended: the id is free again
+  return threads;
 }
 
 }  // namespace
 
 UnloadableLibrary::UnloadableLibrary(const std::wstring& path)
-    : m_threadsBefore(threadsOfThisProcess()), m_library(::LoadLibraryW(path.c_str())) {
+    : m_threadsBefore(openThreadsOfThisProcess()), m_library(::LoadLibraryW(path.c_str())) {
   if (m_library == nullptr) fail("the library cannot be loaded");
-  m_endTasks = function<void()>("endTasks");
+  try {
+    m_endTasks = function<void()>("endTasks");
+  } catch (...) {
+    ::FreeLibrary(m_library);  // it has been given nothing to do yet
+    throw;
+  }
 }
 
 FARPROC UnloadableLibrary::find(const char* name) const {
@@ -55,6 +69,8 @@ bool UnloadableLibrary::unload(std::chrono::milliseconds limit) {
   return true;
 }
 
-bool UnloadableLibrary::threadsAreGone() const { return threadsOfThisProcess() <= m_threadsBefore; }
+bool UnloadableLibrary::threadsAreGone() const {
+  return std::ranges::all_of(threadsOfThisProcess(), [this](DWORD id) { return m_threadsBefore.contains(id); });
+}
 
 }  // namespace examples

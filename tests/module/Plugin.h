@@ -7,6 +7,9 @@ extern "C" {
 bool beginTasks();
 /// Makes a printer and adds a firmware transfer that takes days. True once it is under way.
 bool beginTransfer();
+/// Makes a printer and adds a task that its worker waits five seconds with, whoever wakes it: the last NPA run of a new list
+/// counts as twenty minutes old, and the printer's interval is five seconds longer.
+void beginWait();
 /// Lets the call return.
 void releaseCall();
 }

@@ -51,6 +51,12 @@ TEST_F(ModuleEndTest, TwoHundredUnloadsAfterWorkInFlightLeaveNothingAndTheirLine
 
 TEST_F(ModuleEndTest, LibraryWithACallUnderWayIsNotUnloadedBeforeItReturns) { run(L"module_loader.exe", {L"too-early"}); }
 
+TEST_F(ModuleEndTest, ThreadsOfTheProgramThatEndDoNotHideThoseOfTheLibrary) { run(L"module_loader.exe", {L"others-end"}); }
+
+TEST_F(ModuleEndTest, LibraryWhoseWorkerWaitsIsNotUnloadedBeforeItsIntervalIsOver) { run(L"module_loader.exe", {L"waiting"}); }
+
+TEST_F(ModuleEndTest, LibraryThatCannotBeEndedIsRefusedAndNotLoaded) { run(L"module_loader.exe", {L"no-end"}); }
+
 TEST_F(ModuleEndTest, LibraryIsUnloadedDuringATransfer) { run(L"module_loader.exe", {L"transfer"}); }
 
 TEST_F(ModuleEndTest, HundredLoadsAndUnloadsLeaveTheirLinesAndNoHandle) {

@@ -57,6 +57,12 @@ extern "C" __declspec(dllexport) bool beginTransfer() {
   return simulator::waitUntilBegun("AppPrinterSdk_UpgradeFwProgress", 2, kPatience, L"updated");
 }
 
+extern "C" __declspec(dllexport) void beginWait() {
+  application::loadPrinters(printer("slow", "connection='usb' interval='1205000'"));
+  addOnce<AppComm::DevParam>(std::make_shared<qzstd::PrinterInfo>(simulator::newPrinterInfo(L"slow")),
+                             AppComm::Type::GetDevParam);
+}
+
 extern "C" __declspec(dllexport) void releaseCall() { simulator::releaseCalls(); }
 
 extern "C" __declspec(dllexport) void endTasks() { g_tasks.end(); }
