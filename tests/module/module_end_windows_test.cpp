@@ -35,7 +35,7 @@ TEST_F(ModuleEndTest, ProcessThatExitsWithoutStopWritesTheDetachLineLast) {
   EXPECT_EQ(log().back().message, L"App Communication DLL Detach.");
 }
 
-TEST_F(ModuleEndTest, TwoHundredUnloadsAfterWorkInFlightLeaveNothingAndTheirLinesInOrder) {
+TEST_F(ModuleEndTest, TwoHundredUnloadsAfterWorkInFlightLeaveNoHandleHardlyABlockAndTheirLinesInOrder) {
   constexpr int kRounds = 200;
   configure("Debug=1\r\n");
   std::cout << runLong(L"module_loader.exe", {L"use", std::to_wstring(kRounds)});
