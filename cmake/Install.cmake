@@ -26,6 +26,11 @@ install(
   DESTINATION ${headers}/simulator)
 install(FILES "${TINYXML2_INCLUDE_DIR}/tinyxml2.h" DESTINATION ${headers}/tinyxml2)
 install(DIRECTORY "${CMAKE_SOURCE_DIR}/examples/scenarios" DESTINATION share/AppCommunication)
+# What an application takes over that unloads the module.
+set(common "${CMAKE_SOURCE_DIR}/examples/common")
+install(
+  FILES "${common}/AddedTasks.h" "${common}/Handle.h" "${common}/UnloadableLibrary.h" "${common}/unloadable_library.cpp"
+  DESTINATION share/AppCommunication/examples/common)
 
 install(FILES "${CMAKE_SOURCE_DIR}/README.md" "${CMAKE_SOURCE_DIR}/CHANGELOG.md" DESTINATION ${APPCOMM_PACKAGE_DOCS})
 install(DIRECTORY "${CMAKE_SOURCE_DIR}/docs" DESTINATION ${APPCOMM_PACKAGE_DOCS})

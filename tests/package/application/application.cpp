@@ -10,6 +10,7 @@
 #include <mutex>
 
 #include "AppCommunication.h"
+#include "common/AddedTasks.h"
 #include "simulator/SimulatedPrinters.h"
 
 namespace {
@@ -61,9 +62,10 @@ bool readsAPrinter() {
   const auto record = std::make_shared<AppComm::State>();
   auto task = AppComm::Node::Instance(printer, std::make_shared<Listener>(answer, record), kRead, AppComm::Type::State);
   task->setResource(record);
-  Add(std::move(task));
+  examples::AddedTasks tasks;
+  tasks.add(std::move(task));
   const bool isRead = answer->waitFor(kRead) && !printer->model.empty();
-  Stop();
+  tasks.end();
   return isRead;
 }
 
