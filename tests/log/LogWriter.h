@@ -29,6 +29,8 @@ class LogWriter {
 
   /// Lines up to this number have been accounted for.
   std::uint32_t settled = 0;
+  /// Of the others, lines up to this number need not be there.
+  std::uint32_t excused = 0;
   /// Lines up to this number were completed before anything went wrong.
   std::uint32_t certain = 0;
 

@@ -36,6 +36,11 @@ class LogWritersTest : public LogOnWindows {
   void SetUp() override;
   void TearDown() override;
 
+  /// Runs `round` until no wait for the semaphore times out in it that should not, three times at most. On a busy machine a
+  /// wait may time out, and then little is promised: `round` tells so, and asserts only that. All writers rest before and after
+  /// it, and before it there is no log file.
+  void repeatWhileDisturbed(const std::function<void(bool& disturbed)>& round);
+
   /// Starts writers until `count` are alive. They rest.
   void startUpTo(std::size_t count);
   std::vector<LogWriter*> living();
@@ -49,9 +54,11 @@ class LogWritersTest : public LogOnWindows {
   /// All write at least so many lines, then rest.
   [[nodiscard]] bool writeAndRest(std::uint32_t lines);
 
+  /// Whether one has since the last account.
+  bool hasTimedOut() const;
   /// The lines that are completed by now have to be in the files at the next account, whatever happens: unless a wait has timed
-  /// out already.
-  void noteCompletedLines();
+  /// out already. Then it returns false.
+  bool noteCompletedLines();
 
   /// Looks for each line since the last account in the bytes of the log's files. A completed line must be there once and whole
   /// when the platform gave what was asked for and no wait has timed out, whichever writer's. No line may be there twice, in
@@ -59,11 +66,14 @@ class LogWritersTest : public LogOnWindows {
   LineAccount account(const std::vector<std::string_view>& files);
   /// The same for the log file alone, which then is removed.
   LineAccount accountForLogFile();
+  /// The next account begins after the lines so far, without a look at these. The killed writers are forgotten. All others
+  /// rest.
+  void settle();
 
   bool semaphoreIsFree() const;
 
  private:
-  bool hasTimedOut() const;
+  void removeLogFiles() const;
   void accountForWriter(const LogWriter& writer, const WrittenLines& lines, LineAccount& account) const;
   bool isCut(std::string_view stretch) const;
 
