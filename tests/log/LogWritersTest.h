@@ -29,8 +29,8 @@ std::ostream& operator<<(std::ostream& out, const LineAccount& account);
 
 /// Several processes write into one log. Every line that they write is accounted for.
 ///
-/// At the end every writer that was not killed must end in order, and must never have waited for the semaphore more than once
-/// in a line, nor for longer than 2000 ms.
+/// No writer may have waited for the semaphore more than once in a line, nor for longer than 2000 ms; at the end each one that
+/// was not killed must end in order.
 class LogWritersTest : public LogOnWindows {
  protected:
   void SetUp() override;
@@ -54,7 +54,7 @@ class LogWritersTest : public LogOnWindows {
   /// All write at least so many lines, then rest.
   [[nodiscard]] bool writeAndRest(std::uint32_t lines);
 
-  /// Whether one has since the last account.
+  /// Whether a wait for the semaphore has timed out since the last account.
   bool hasTimedOut() const;
   /// The lines that are completed by now have to be in the files at the next account, whatever happens: unless a wait has timed
   /// out already. Then it returns false.
