@@ -83,10 +83,11 @@ void endLine(wchar_t* line, std::size_t& end) {
   line[end++] = L'\n';
 }
 
-// The log path with `number` before its extension; false when that is too long for a path.
+// The log path with `number` before its extension; false when it cannot be made, or is too long for a path.
 bool rotatedName(int number, wchar_t (&name)[LOG_PATH_UNITS]) {
   wchar_t suffix[kSuffixUnits] = {};
-  ::_snwprintf_s(suffix, std::size(suffix), _TRUNCATE, L"%d.log", number);
+  // Without it the file would go to the bare stem, which no later rotation looks at.
+  if (::_snwprintf_s(suffix, std::size(suffix), _TRUNCATE, L"%d.log", number) < 1) return false;
   const std::size_t stem = std::wcslen(g_logPath) - kExtensionUnits;
   if (stem + std::wcslen(suffix) >= std::size(name)) return false;
   return ::wcsncpy_s(name, std::size(name), g_logPath, stem) == 0 && ::wcscat_s(name, std::size(name), suffix) == 0;

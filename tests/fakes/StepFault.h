@@ -10,6 +10,7 @@ enum class Step {
   allocation,  ///< `operator new`: throws `std::bad_alloc`. In programs that link `step_hooks`
   lock,        ///< `std::mutex::lock`: throws `std::system_error`. In programs that link `step_hooks`
   print,       ///< a bounded formatted print: returns -1
+  copy,        ///< a bounded copy or concatenation: empties the buffer and returns an error
 };
 
 /// While one lives, the `nth` such step (1: the next) of the thread that made it fails, once; other threads go on unharmed. A

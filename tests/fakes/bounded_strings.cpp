@@ -26,6 +26,10 @@ errno_t emptied(wchar_t* buffer, const char* function, errno_t error) {
 // Copies behind `used` units; `count` of them at most, or as many as fit for `_TRUNCATE`.
 errno_t append(wchar_t* buffer, std::size_t size, std::size_t used, const wchar_t* source, std::size_t count,
                const char* function) {
+  if (fakes::failsNow(fakes::Step::copy)) {
+    buffer[0] = L'\0';
+    return EINVAL;
+  }
   const std::size_t length = count == _TRUNCATE ? std::wcslen(source) : ::wcsnlen(source, count);
   const std::size_t room = size - used - 1;
   if (length > room && count != _TRUNCATE) return emptied(buffer, function, ERANGE);

@@ -5,7 +5,7 @@
 namespace fakes {
 namespace {
 
-constinit thread_local std::array<StepFault*, 3> g_faults{};
+constinit thread_local std::array<StepFault*, 4> g_faults{};
 
 StepFault*& faultOf(Step step) { return g_faults[static_cast<std::size_t>(step)]; }
 

@@ -40,6 +40,11 @@ bool prints() {
   return ::_snwprintf_s(buffer, std::size(buffer), _TRUNCATE, L"%d", 1) == 1;
 }
 
+bool copies() {
+  wchar_t buffer[8] = L"";
+  return ::wcscpy_s(buffer, std::size(buffer), L"a") == 0 && ::wcsnlen(buffer, std::size(buffer)) == 1;
+}
+
 struct Kind {
   const char* name;
   Step step;
@@ -116,7 +121,7 @@ TEST_P(StepFaultTest, CanBeAwaitedByAnotherThread) {
 
 INSTANTIATE_TEST_SUITE_P(Kinds, StepFaultTest,
                          testing::Values(Kind{"Allocation", Step::allocation, allocates}, Kind{"Lock", Step::lock, locks},
-                                         Kind{"Print", Step::print, prints}),
+                                         Kind{"Print", Step::print, prints}, Kind{"Copy", Step::copy, copies}),
                          [](const auto& kind) { return kind.param.name; });
 
 }  // namespace

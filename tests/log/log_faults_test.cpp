@@ -1,6 +1,7 @@
 /// Each step of the log fails once, one after the other: that costs at most the line in hand, and the next line is there.
 
 #include <algorithm>
+#include <array>
 #include <string_view>
 #include <vector>
 
@@ -29,6 +30,8 @@ std::wstring leftOfLineTwo(std::string_view failed) {
   return lost ? L"" : line(2);
 }
 
+constexpr std::size_t kPrintsOfALine = 5;  // the time, the tag, the name, the number, the message
+
 Names joined(Names first, const Names& second) {
   first.insert(first.end(), second.begin(), second.end());
   return first;
@@ -38,10 +41,16 @@ Names joined(Names first, const Names& second) {
 struct Platform : fakes::FaultyWindows {
   BOOL GetFileSizeEx(HANDLE file, LARGE_INTEGER* size) override {
     const BOOL known = FaultyWindows::GetFileSizeEx(file, size);
-    if (full) size->QuadPart += static_cast<LONGLONG>(logcases::kLargestFile);
+    if (known && full) size->QuadPart += static_cast<LONGLONG>(logcases::kLargestFile);
+    return known;
+  }
+  BOOL GetFileAttributesExW(LPCWSTR path, GET_FILEEX_INFO_LEVELS level, LPVOID data) override {
+    const BOOL known = FaultyWindows::GetFileAttributesExW(path, level, data);
+    if (!known) unreadable = path;
     return known;
   }
   bool full = false;
+  std::wstring unreadable;
 };
 
 class LogFaults : public LogTest {
@@ -68,6 +77,28 @@ class LogFaults : public LogTest {
     }
     ADD_FAILURE() << "calls without end";
     return failed;
+  }
+
+  /// The same for such steps beside the calls; `check` is told the n. Returns how many there are.
+  template <class Arrange, class Act, class Check>
+  std::size_t failEachStep(fakes::Step step, Arrange arrange, Act act, Check check) {
+    for (std::size_t nth = 1; nth <= kMostCalls; ++nth) {
+      startAnew();
+      arrange();
+      bool happened = false;
+      {
+        const fakes::StepFault fault(step, nth);
+        act();
+        happened = fault.happened();
+      }
+      if (!happened) return nth - 1;
+      SCOPED_TRACE(testing::Message() << "step " << nth << " fails");
+      EXPECT_EQ(windows->openFileHandles(), 0U);
+      EXPECT_EQ(windows->semaphoreCount(L"OrvaQZ_Corvane").value_or(1), 1);
+      check(nth);
+    }
+    ADD_FAILURE() << "steps without end";
+    return kMostCalls;
   }
 
   void startAnew() {
@@ -114,6 +145,24 @@ TEST_F(LogFaults, EachCallOfLogInit) {
                            "GetPrivateProfileStringW", "CreateSemaphoreW"}));
 }
 
+TEST_F(LogFaults, EachBoundedCopyOfLogInit) {
+  const auto copies = failEachStep(
+      fakes::Step::copy, [&] { writeIni("Debug=1\r\n"); }, [] { LogInit(L"C:\\log\\Corvane.log", 0, L"Corvane"); },
+      [&](std::size_t nth) {
+        writeLine(1);
+        const auto written = nth == 1 ? L"" : line(1);
+        EXPECT_EQ(text(), written);
+        EXPECT_EQ(windows->filesIn(L"C:\\log").size(), nth == 1 ? 1U : 2U) << "the ini file, and the log";
+
+        switchOff();
+        LogInit(L"C:\\log\\Corvane.log", 0, L"Corvane");
+        EXPECT_EQ(windows->semaphoreCount(L"OrvaQZ_Corvane"), 1);
+        writeLine(2);
+        EXPECT_EQ(text(), written + line(2));
+      });
+  EXPECT_EQ(copies, 3U) << "the path, the semaphore's name in two parts";
+}
+
 TEST_F(LogFaults, EachCallOfAnAppend) {
   const auto failed = failEachCall([&] { startWithLineOne(); }, [] { writeLine(2); },
                                    [&](std::string_view name) {
@@ -129,31 +178,52 @@ class LogRotationFaults : public LogFaults, public testing::WithParamInterface<i
  protected:
   void arrange() {
     startWithLineOne();
-    for (int number = 1; number <= GetParam(); ++number) windows->writeFile(numbered(number), "old " + std::to_string(number));
+    for (int number = 1; number <= GetParam(); ++number) {
+      windows->writeFile(numbered(number), "old " + std::to_string(number));
+      windows->setCreationTime(numbered(number), kTimes.at(static_cast<std::size_t>(number - 1)));
+    }
     platform->full = true;
   }
 
-  // Line 1, and what is left of the one that was to cross, wherever the file has gone.
-  void expectNothingElseLost(std::string_view failed) {
-    const std::wstring kept = line(1) + leftOfLineTwo(failed);
+  // Of the numbered files up to `last`; 0 when that is none.
+  static int oldestUpTo(int last) {
+    return last == 0 ? 0 : static_cast<int>(std::min_element(kTimes.begin(), kTimes.begin() + last) - kTimes.begin()) + 1;
+  }
+
+  // The file that makes room when this call fails.
+  int replacedWhen(std::string_view failed) const {
+    const bool keepsAll = failed == "CreateFileW" || failed == "GetFileSizeEx" || failed == "DeleteFileW";
+    if (GetParam() < 10 || keepsAll) return 0;
+    for (int number = 1; number <= 10; ++number) {
+      if (platform->unreadable == numbered(number)) return number;
+    }
+    return oldestUpTo(10);
+  }
+
+  // The file that makes room when this name of the rotation cannot be made: the oldest so far.
+  static int replacedWithoutName(std::size_t nth) { return nth > 10 ? 0 : oldestUpTo(static_cast<int>(nth) - 1); }
+
+  // Beside line 1 there is `lineTwo`, wherever the file has gone, and all numbered files but `replaced`.
+  void expectNothingElseLost(const std::wstring& lineTwo, int replaced) {
+    const std::wstring kept = line(1) + lineTwo;
     const bool moved = !windows->exists(L"C:\\log\\Corvane.log");
     platform->full = false;
     writeLine(3);
     EXPECT_EQ(text(), moved ? line(3) : kept + line(3));
 
-    int old = 0;
-    int keeping = 0;
+    std::size_t files = 2;  // the ini file and the log
     for (int number = 1; number <= 10; ++number) {
-      const auto bytes = windows->fileBytes(numbered(number)).value_or("");
-      if (bytes == "old " + std::to_string(number)) {
-        ++old;
-      } else if (!bytes.empty()) {
-        ++keeping;
-        EXPECT_EQ(support::decodedUnits(bytes), kept);
+      const auto bytes = windows->fileBytes(numbered(number));
+      if (bytes) ++files;
+      if (number <= GetParam() && number != replaced) {
+        EXPECT_EQ(bytes, "old " + std::to_string(number));
+      } else if (bytes) {
+        EXPECT_TRUE(replaced == 0 || number == replaced) << number;
+        EXPECT_EQ(support::decodedUnits(*bytes), kept);
       }
     }
-    EXPECT_EQ(keeping, moved ? 1 : 0);
-    EXPECT_GE(old, std::min(GetParam(), 9)) << "at most the oldest has made room";
+    EXPECT_EQ(files, 2U + static_cast<std::size_t>(GetParam()) + (moved ? 1U : 0U) - (replaced != 0 ? 1U : 0U));
+    EXPECT_EQ(windows->filesIn(L"C:\\log").size(), files) << "under no other name";
   }
 
   void expectTheNextRotationWorks() {
@@ -162,41 +232,59 @@ class LogRotationFaults : public LogFaults, public testing::WithParamInterface<i
     EXPECT_FALSE(windows->exists(L"C:\\log\\Corvane.log"));
   }
 
-  // The calls that a rotation makes when nothing fails.
+  // The names that a rotation makes when nothing fails: the candidates', and the oldest one's again.
+  static std::size_t names() { return GetParam() == 10 ? 11U : static_cast<std::size_t>(GetParam()) + 1; }
+  // The calls that it makes then.
   static Names rotation() {
     Names calls;
     for (int number = 1; number <= GetParam(); ++number) calls = joined(calls, {"MoveFileW", "GetFileAttributesExW"});
     return joined(calls, GetParam() == 10 ? Names{"DeleteFileW", "MoveFileW"} : Names{"MoveFileW"});
   }
+
+  static constexpr std::array kTimes = {1050, 1090, 1030, 1080, 1060, 1040, 1020, 1070, 1010, 1100};
 };
 
 TEST_P(LogRotationFaults, EachCall) {
   const auto failed = failEachCall([this] { arrange(); }, [] { writeLine(2); },
                                    [this](std::string_view name) {
-                                     expectNothingElseLost(name);
+                                     expectNothingElseLost(leftOfLineTwo(name), replacedWhen(name));
                                      expectTheNextRotationWorks();
                                    });
   EXPECT_EQ(failed, joined(joined(kAppend, rotation()), {"ReleaseSemaphore"}));
 }
 
+TEST_P(LogRotationFaults, EachFormattedPrint) {
+  const auto prints = failEachStep(
+      fakes::Step::print, [this] { arrange(); }, [] { writeLine(2); },
+      [this](std::size_t nth) {
+        const bool drops = nth <= kPrintsOfALine;
+        expectNothingElseLost(drops ? L"" : line(2), drops ? 0 : replacedWithoutName(nth - kPrintsOfALine));
+        expectTheNextRotationWorks();
+      });
+  EXPECT_EQ(prints, kPrintsOfALine + names());
+}
+
+TEST_P(LogRotationFaults, EachBoundedCopy) {
+  const auto copies = failEachStep(
+      fakes::Step::copy, [this] { arrange(); }, [] { writeLine(2); },
+      [this](std::size_t nth) {
+        expectNothingElseLost(line(2), replacedWithoutName((nth + 1) / 2));
+        expectTheNextRotationWorks();
+      });
+  EXPECT_EQ(copies, 2 * names()) << "the stem and the suffix";
+}
+
 INSTANTIATE_TEST_SUITE_P(NumberedFiles, LogRotationFaults, testing::Values(0, 1, 9, 10), testing::PrintToStringParamName());
 
-TEST_F(LogFaults, EachFormattedPrintDropsTheLineBeforeItReachesTheFile) {
-  std::size_t failed = 0;
-  for (bool happened = true; happened; ++failed) {
-    ASSERT_LT(failed, 20U);
-    startAnew();
-    startWithLineOne();
-    {
-      const fakes::StepFault fault(fakes::Step::print, failed + 1);
-      writeLine(2);
-      happened = fault.happened();
-    }
-    writeLine(3);
-    EXPECT_EQ(text(), line(1) + (happened ? L"" : line(2)) + line(3)) << "print " << failed + 1;
-    EXPECT_EQ(windows->countCalls("WaitForSingleObject"), happened ? 2U : 3U);
-  }
-  EXPECT_EQ(failed - 1, 5U) << "the time, the tag, the name, the number, the message";
+TEST_F(LogFaults, EachFormattedPrintOfALineDropsItBeforeItReachesTheFile) {
+  const auto prints = failEachStep(
+      fakes::Step::print, [&] { startWithLineOne(); }, [] { writeLine(2); },
+      [&](std::size_t) {
+        EXPECT_EQ(windows->countCalls("WaitForSingleObject"), 1U);
+        writeLine(3);
+        EXPECT_EQ(text(), line(1) + line(3));
+      });
+  EXPECT_EQ(prints, kPrintsOfALine);
 }
 
 TEST_F(LogFaults, WriteThatFailsInAnyMannerCostsAtMostItsOwnLine) {
