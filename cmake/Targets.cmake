@@ -5,8 +5,8 @@ option(APPCOMM_ANNOTATIONS_ONLY "Build the module without tests, to let clang ch
 
 # Functions with arrays notice when their stack was written over, and end the process. Visual C++ does that unasked; mingw-w64's
 # compiler is told to, and finds what it then refers to in src/platform/stack_protector.cpp. The other three are the linker's
-# defaults today: addresses that differ from run to run, from all 64 bits, and no execution of data. tools/check-hardening looks at
-# what came of it.
+# defaults today: addresses that differ from run to run, in the whole 64-bit address space, and no execution of data.
+# tools/check-hardening looks at what came of it.
 function(appcomm_hardened target)
   if(NOT MINGW OR target STREQUAL "AppCommunicationStackProtector")
     return()
