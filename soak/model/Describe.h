@@ -19,7 +19,7 @@ std::string mayRun(const List& list, const Knowledge& known);
 /// When the list may end.
 std::string mayEnd(const List& list);
 
-/// Time since the first event of the soak, which is where the report's times begin.
+/// The time of day, UTC.
 std::string clockTime(Moment at);
 
 }  // namespace soak

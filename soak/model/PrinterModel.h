@@ -45,6 +45,7 @@ class PrinterModel {
   Facts m_facts;
   std::vector<State> m_states{State{}};  // sorted, never empty
   std::deque<Event> m_recent;
+  int m_ticks = 0;
   std::uint64_t m_runs = 0;
   std::size_t m_mostStates = 1;
 };

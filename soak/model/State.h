@@ -87,11 +87,11 @@ struct List {
   std::vector<Entry> queue;
   Run run{};
   Pace pace{};
-  Moment turnLow{};           ///< turn, tidied: it began no earlier
-  bool idleTurn = false;      ///< turn, tidied: it was empty before, and still is
-  bool chosen = false;        ///< tidied: the next entry is chosen; later ones do not count
-  Moment lastSeen{};          ///< running: the last event
-  Aside<Moment> lastTouched;  ///< when something last changed for the list, for overdue ones
+  Moment turnLow{};        ///< turn, tidied: it began no earlier
+  bool idleTurn = false;   ///< turn, tidied: it was empty before, and still is
+  bool chosen = false;     ///< tidied: the next entry is chosen; later ones do not count
+  Moment lastSeen{};       ///< running: the last event
+  Aside<int> lastTouched;  ///< ticks until something last changed for the list, for overdue ones
 
   bool holds(TaskId task) const;
 
@@ -104,7 +104,8 @@ struct Operation {
   What what{};  ///< addBegin, stopBegin, startBegin or pauseBegin
   TaskId task = 0;
   Type type{};
-  bool done = false;  ///< it has had its effect
+  bool done = false;   ///< it has had its effect
+  Aside<int> began{};  ///< ticks until then
   /// `addBegin`: lists that it may have found before they went out of the registry; 0 for one that is gone. Sorted.
   std::vector<ListId> found{};
 

@@ -14,7 +14,8 @@ namespace soak {
 struct Knowledge {
   const Facts& facts;
   PrinterTraits printer;
-  Moment now;  ///< the time of the event that is being explained
+  Moment now;     ///< the time of the event that is being explained
+  int ticks = 0;  ///< seen so far
 };
 
 /// The model cannot follow: more ways than it is made for.

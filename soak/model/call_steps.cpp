@@ -21,7 +21,7 @@ void noteAdded(State& state, List& list, const Operation& add, const Knowledge& 
   if (add.type == Type::State && known.facts.traitsOf(add.task).npaRequested) state.setRequest(add.task, Request::yes);
   list.pace.idleCycles = 0;
   list.idleTurn = false;
-  list.lastTouched.value = known.now;
+  list.lastTouched.value = known.ticks;
 }
 
 void placeIn(State& state, List& list, const Operation& add, const Knowledge& known) {
@@ -69,7 +69,7 @@ void addMade(State state, std::size_t index, const Knowledge& known, std::vector
   const TaskFacts& task = *known.facts.find(add.task);
   list.interval = task.traits.interval;
   list.pace.checkLow = task.addBegin;
-  list.lastTouched.value = known.now;
+  list.lastTouched.value = known.ticks;
   state.lists.push_back(std::move(list));
   placeIn(state, state.lists.back(), add, known);
   add.done = true;
@@ -94,7 +94,7 @@ void stop(State& state, Operation& operation, const Knowledge& known) {
     state.unregister(list);
     list.goesOn = false;
     ++list.pace.posts.value;
-    list.lastTouched.value = known.now;
+    list.lastTouched.value = known.ticks;
   }
 }
 

@@ -64,7 +64,7 @@ void addTidied(State state, std::size_t index, const Knowledge& known, std::vect
     std::ranges::copy_if(entry.tasks, std::back_inserter(gone), [&](TaskId task) { return mustGo(state, list, task, known); });
   }
   takeDeleted(state, index, gone, known);
-  if (!gone.empty()) list.lastTouched.value = known.now;
+  if (!gone.empty()) list.lastTouched.value = known.ticks;
   list.place = Place::tidied;
   found.push_back(std::move(state));
 }
@@ -115,7 +115,7 @@ void addCleared(State state, std::size_t index, const Knowledge& known, std::vec
   removeTasks(state, list, gone);
   for (List& other : state.lists) state.unregister(other);
   list.place = Place::gone;
-  list.lastTouched.value = known.now;
+  list.lastTouched.value = known.ticks;
   // Of one that has shown no thread no end will be seen.
   if (list.thread == 0 && list.worker == 0) state.lists.erase(state.lists.begin() + static_cast<std::ptrdiff_t>(index));
   found.push_back(std::move(state));

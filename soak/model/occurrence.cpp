@@ -26,10 +26,14 @@ What beginOf(What end) {
 }
 
 // Only state tasks have a use for their NPA request, so of other types only `StartNPA` has an effect, its wake-up.
-Explained callBegins(State state, const Event& event) {
+Explained callBegins(State state, const Event& event, const Knowledge& known) {
   const bool effect = event.what != What::pauseBegin || event.traits.type == Type::State;
-  state.operations.push_back(
-      {.caller = event.thread, .what = event.what, .task = event.task, .type = event.traits.type, .done = !effect});
+  state.operations.push_back({.caller = event.thread,
+                              .what = event.what,
+                              .task = event.task,
+                              .type = event.traits.type,
+                              .done = !effect,
+                              .began = {known.ticks}});
   return {{std::move(state)}, {}};
 }
 
@@ -103,7 +107,7 @@ Explained explain(const State& state, const Event& event, const Knowledge& known
     case What::stopBegin:
     case What::startBegin:
     case What::pauseBegin:
-      return callBegins(state, event);
+      return callBegins(state, event, known);
     case What::addEnd:
     case What::stopEnd:
     case What::startEnd:

@@ -1,30 +1,42 @@
 #include "model/Overdue.h"
 
 #include <algorithm>
+#include <string_view>
 
 namespace soak {
 namespace {
 
-using namespace std::chrono_literals;
-
-constexpr auto kPatience = 30s;  // far beyond what a busy machine does to a thread
+constexpr int kPatience = 30;  // seconds: far beyond what a busy machine does to a thread
 constexpr int kIdleCycles = 10;
+
+std::string_view nameOf(What begin) {
+  switch (begin) {
+    case What::addBegin:
+      return "Add";
+    case What::stopBegin:
+      return "Stop";
+    case What::startBegin:
+      return "StartNPA";
+    default:
+      return "PauseNPA";
+  }
+}
 
 bool isOutside(const List& list) {
   return list.place == Place::running && (list.run.phase == Run::Phase::calling || list.run.noticing);
 }
 
 // Whatever of a cycle or of the idle cycles may have passed unseen.
-bool isLate(const List& list, Moment now) {
-  const std::chrono::milliseconds interval(std::max(list.interval, 0));
-  return now > list.lastTouched.value + (kIdleCycles + 1) * interval + kPatience;
+bool isLate(const List& list, int ticks) {
+  const std::int64_t cycles = std::int64_t{kIdleCycles + 1} * std::max(list.interval, 0) / 1'000;
+  return ticks - list.lastTouched.value > cycles + kPatience;
 }
 
 // Of a list that has shown no thread, and holds nothing, nothing will be seen.
 bool isUnseen(const List& list) { return list.thread == 0 && list.worker == 0 && list.queue.empty(); }
 
-std::string overdueIn(const List& list, Moment now) {
-  if (isOutside(list) || isUnseen(list) || !isLate(list, now)) return {};
+std::string overdueIn(const List& list, int ticks) {
+  if (isOutside(list) || isUnseen(list) || !isLate(list, ticks)) return {};
   const std::string name = "list " + std::to_string(list.id);
   if (list.place == Place::running) return name + " does not go on with its run, nor with anything after it";
   if (!list.goesOn) return name + " was stopped and has not ended";
@@ -32,11 +44,19 @@ std::string overdueIn(const List& list, Moment now) {
                             : name + " does not run its next entry";
 }
 
+std::string overdueIn(const Operation& operation, int ticks) {
+  if (ticks - operation.began.value <= kPatience) return {};
+  return std::string(nameOf(operation.what)) + " has not returned";
+}
+
 }  // namespace
 
-std::string overdueIn(const State& state, Moment now) {
+std::string overdueIn(const State& state, int ticks) {
+  for (const Operation& operation : state.operations) {
+    if (auto late = overdueIn(operation, ticks); !late.empty()) return late;
+  }
   for (const List& list : state.lists) {
-    if (auto late = overdueIn(list, now); !late.empty()) return late;
+    if (auto late = overdueIn(list, ticks); !late.empty()) return late;
   }
   return {};
 }

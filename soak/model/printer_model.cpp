@@ -64,7 +64,7 @@ PrinterModel::PrinterModel(const PrinterTraits& printer) : m_printer(printer) {}
 // From each state, unseen steps are taken until the event is explained, and none after that, unless they lead to another run
 // that explains it as well.
 std::vector<State> PrinterModel::explained(const Event& event, std::vector<std::string>* objections) const {
-  const Knowledge known{m_facts, m_printer, event.time};
+  const Knowledge known{m_facts, m_printer, event.time, m_ticks};
   StateSet found;
   StateSet visited;
   for (const State& state : m_states) visited.insert(state);
@@ -105,7 +105,8 @@ std::optional<std::string> PrinterModel::see(const Event& event) {
 }
 
 std::optional<std::string> PrinterModel::overdue(const Event& event) {
-  const auto why = [&](const State& state) { return overdueIn(state, event.time); };
+  ++m_ticks;
+  const auto why = [&](const State& state) { return overdueIn(state, m_ticks); };
   std::set<std::string> reasons;
   for (const State& state : m_states) reasons.insert(why(state));
   if (reasons.empty() || reasons.contains("")) {
@@ -139,7 +140,7 @@ std::string PrinterModel::difference(const Event& event) const {
 }
 
 std::string PrinterModel::situation(const Event& event) const {
-  const Knowledge known{m_facts, m_printer, event.time};
+  const Knowledge known{m_facts, m_printer, event.time, m_ticks};
   std::string text = "what the module may have been doing before (" + std::to_string(m_states.size()) + " ways):\n";
   for (std::size_t way = 0; way < std::min(m_states.size(), kMostTold); ++way) {
     text += "  way " + std::to_string(way + 1) + ":\n" + textOf(m_states[way], known);

@@ -93,7 +93,8 @@ Explained continueRun(State state, std::size_t index, const Event& event, const 
   const bool first = list.run.begin == event.number;
   const List before = list;
   if (!goOn(list, event, known)) return {{}, {(first ? "next is another run: " : "") + mayShow(before, known)}};
-  list.lastSeen = list.lastTouched.value = event.time;
+  list.lastSeen = event.time;
+  list.lastTouched.value = known.ticks;
   return {{std::move(state)}, {}};
 }
 

@@ -30,7 +30,7 @@ void requeue(State state, std::size_t index, const std::vector<TaskId>& once, co
   list.pace.idled = list.queue.empty();
   list.run = {};
   list.place = Place::waiting;
-  list.lastTouched.value = known.now;
+  list.lastTouched.value = known.ticks;
   found.push_back(std::move(state));
 }
 

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -22,12 +23,16 @@ inline constexpr ThreadId kNewWorker = 21;
 /// Tells a model what was seen, at times of its own.
 class Story : public testing::Test {
  protected:
-  explicit Story(const PrinterTraits& printer = {}) : m_model(printer) {}
+  explicit Story(const PrinterTraits& printer = {}) : m_model(std::make_unique<PrinterModel>(printer)) {}
 
   /// What follows happens so many milliseconds after the start.
   void at(double milliseconds) {
     m_now = Moment(1'000'000s) +
             std::chrono::duration_cast<Moment::duration>(std::chrono::duration<double, std::milli>(milliseconds));
+  }
+  /// So many seconds pass; nothing is overdue.
+  void ticks(int count) {
+    for (int tick = 0; tick < count; ++tick) seen({.what = What::tick});
   }
   void runsOn(ThreadId thread) { m_helper = thread; }
 
@@ -94,16 +99,16 @@ class Story : public testing::Test {
   static TaskTraits once(Type type, int interval = 0) { return {.type = type, .interval = interval, .once = true}; }
   static TaskTraits repeating(Type type, int interval = 0) { return {.type = type, .interval = interval, .once = false}; }
 
-  void expectRest() { EXPECT_EQ(m_model.atRest(m_now), std::nullopt); }
+  void expectRest() { EXPECT_EQ(m_model->atRest(m_now), std::nullopt); }
 
-  PrinterModel m_model;
+  std::unique_ptr<PrinterModel> m_model;
 
  private:
   std::optional<std::string> see(Event event) {
     event.number = ++m_number;
     event.time = m_now;
     m_now += 10us;
-    return m_model.see(event);
+    return m_model->see(event);
   }
 
   Moment m_now = Moment(1'000'000s);

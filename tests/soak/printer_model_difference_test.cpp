@@ -245,23 +245,47 @@ TEST_F(PrinterModelFinds, AWorkerThatEndsBeforeItsList) {
 TEST_F(PrinterModelFinds, ARunThatDoesNotCome) {
   add(1, repeating(Type::GetNetwork, 100));
   network(1);
-  at(40'000);
+  ticks(31);
   refused({.what = What::tick}, "list 1 does not go on with its run, nor with anything after it");
 }
 
 TEST_F(PrinterModelFinds, NothingOverdueWhileALibraryCallHangs) {
   add(1, repeating(Type::GetNetwork, 100));
   seen(callOf(kNetwork));
-  at(600'000);
-  seen({.what = What::tick});
+  ticks(600);
 }
 
 TEST_F(PrinterModelFinds, AnEmptyListThatDoesNotEnd) {
   add(1, once(Type::GetNetwork, 100));
   network(1);
   released(1);
-  at(40'000);
+  ticks(31);
   refused({.what = What::tick}, "list 1 is empty and has not ended");
+}
+
+TEST_F(PrinterModelFinds, NothingOverdueWhereTheMachineStoodStill) {
+  add(1, repeating(Type::GetNetwork, 100));
+  network(1);
+  ticks(1);
+  at(600'000);
+  ticks(1);
+}
+
+TEST_F(PrinterModelFinds, ACallThatDoesNotReturn) {
+  struct Case {
+    What begin;
+    std::string_view text;
+  };
+  constexpr Case cases[] = {{What::addBegin, "Add has not returned"},
+                            {What::stopBegin, "Stop has not returned"},
+                            {What::startBegin, "StartNPA has not returned"},
+                            {What::pauseBegin, "PauseNPA has not returned"}};
+  for (const Case& one : cases) {
+    m_model = std::make_unique<PrinterModel>(PrinterTraits{});
+    seen({.what = one.begin, .thread = kCaller, .task = 1});
+    ticks(30);
+    refused({.what = What::tick}, one.text);
+  }
 }
 
 TEST_F(PrinterModelFinds, ATaskThatIsHeldAtTheEnd) {
@@ -269,7 +293,7 @@ TEST_F(PrinterModelFinds, ATaskThatIsHeldAtTheEnd) {
   network(1);
   at(1'000);
   seen(endOf(kHelper));
-  const auto left = m_model.atRest(Moment(2'000'000s));
+  const auto left = m_model->atRest(Moment(2'000'000s));
   ASSERT_TRUE(left);
   EXPECT_NE(left->find("has not let go of these tasks: 1"), std::string::npos) << *left;
 }
@@ -278,7 +302,7 @@ TEST_F(PrinterModelFinds, AListThatIsThereAtTheEnd) {
   add(1, once(Type::GetNetwork));
   network(1);
   released(1);
-  const auto left = m_model.atRest(Moment(2'000'000s));
+  const auto left = m_model->atRest(Moment(2'000'000s));
   ASSERT_TRUE(left);
   EXPECT_NE(left->find("list 1"), std::string::npos) << *left;
 }
@@ -287,7 +311,7 @@ TEST_F(PrinterModelFinds, AnEventThatIsToldWithTheLastOnesAndWhatWasGoingOn) {
   add(1, once(Type::GetNetwork));
   const auto at = [](const std::string& text, std::string_view part) { return text.find(part); };
   const auto difference =
-      m_model.see({.what = What::callBegin, .thread = kHelper, .function = kAlarm, .number = 3, .time = Moment(1'000'001s)});
+      m_model->see({.what = What::callBegin, .thread = kHelper, .function = kAlarm, .number = 3, .time = Moment(1'000'001s)});
   ASSERT_TRUE(difference);
   EXPECT_LT(at(*difference, "the module did:"), at(*difference, "it should have done"));
   EXPECT_LT(at(*difference, "it should have done"), at(*difference, "what the module may have been doing before"));

@@ -28,7 +28,7 @@ TEST_F(PrinterModelAccepts, AOnceTaskThatRunsTellsItsWindowAndLeaves) {
   add(1, once(Type::GetNetwork, 100));
   network(1);
   released(1);
-  EXPECT_EQ(m_model.runs(), 1U);
+  EXPECT_EQ(m_model->runs(), 1U);
   at(1'000);
   seen(endOf(kHelper));
   expectRest();
@@ -43,7 +43,7 @@ TEST_F(PrinterModelAccepts, ObserversToldAfterTheTaskInTheirOrder) {
     notice(2);
     notice(3);
   }
-  EXPECT_EQ(m_model.runs(), 2U);
+  EXPECT_EQ(m_model->runs(), 2U);
 }
 
 TEST_F(PrinterModelAccepts, AnObserverThatJoinsDuringTheWalkAndIsTold) {
@@ -186,7 +186,7 @@ TEST_F(PrinterModelAccepts, ARecordOfAnotherTypeThatIsLookedAtAndNotTold) {
   seen({.what = What::recordCopied, .thread = kHelper, .task = 1});
   at(60);
   seen({.what = What::recordCopied, .thread = kHelper, .task = 1});
-  EXPECT_EQ(m_model.runs(), 2U);
+  EXPECT_EQ(m_model->runs(), 2U);
 }
 
 TEST_F(PrinterModelAccepts, EverythingThatIsQueuedDroppedByStop) {
@@ -291,7 +291,7 @@ TEST_F(PrinterModelAccepts, ManyStopsWhoseListsAreSlowToEnd) {
     stop();
     if (task > 2) seen(endOf(kWorker + task - 2));
   }
-  EXPECT_LT(m_model.mostStates(), 100U);
+  EXPECT_LT(m_model->mostStates(), 100U);
 }
 
 TEST_F(PrinterModelAccepts, AListThatEndsAnIntervalAfterAWatchThatShowedNothing) {
@@ -310,7 +310,7 @@ TEST_F(PrinterModelAccepts, AWatchThatWasDeletedBeforeItsLateFirstRun) {
   seen({.what = What::onceBegin, .thread = 2, .task = 1, .value = 0});  // shows nothing, however often it has run
   startNpa();
   released(1);
-  EXPECT_LT(m_model.mostStates(), 20U);
+  EXPECT_LT(m_model->mostStates(), 20U);
 }
 
 TEST_F(PrinterModelAccepts, AWatchThatEndsWhenItsTaskIsDeleted) {
