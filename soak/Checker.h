@@ -2,8 +2,8 @@
 
 #include <atomic>
 #include <cstdint>
+#include <functional>
 #include <memory>
-#include <mutex>
 #include <optional>
 #include <string>
 #include <thread>
@@ -23,23 +23,24 @@ struct Totals {
   std::size_t mostStates = 0;
 };
 
+/// Told of the first difference at once, on the checker's thread, and at the end on the thread that calls `finish`. It ends the
+/// process: the module may be in any state, and nothing of it is waited for.
+using OnDifference = std::function<void(const std::string& text, const Totals& totals)>;
+
 /// Compares what is recorded with the model, while it is recorded.
 class Checker {
  public:
-  explicit Checker(const std::vector<PrinterTraits>& printers);
+  Checker(const std::vector<PrinterTraits>& printers, OnDifference onDifference);
   ~Checker();
   Checker(const Checker&) = delete;
   Checker& operator=(const Checker&) = delete;
-
-  /// The first difference, while the soak runs. Any thread.
-  bool found() const { return m_found.load(); }
 
   /// What the printer's lists have done lately can be explained in so many ways that it is better left alone, until they show
   /// more. Any thread.
   bool isUnclear(PrinterId printer) const { return m_unclear[printer].load(); }
 
-  /// Ends the watch, after the last event. The difference, if there is one: what is left over at the end counts.
-  std::optional<std::string> finish();
+  /// Ends the watch, after the last event. What is left over then is a difference.
+  void finish();
   /// After `finish`.
   const Totals& totals() const { return m_totals; }
 
@@ -55,8 +56,7 @@ class Checker {
   std::vector<std::atomic<bool>> m_unclear;        // by printer
   std::vector<std::optional<Moment>> m_callBegan;  // by thread
   Totals m_totals;
-  std::optional<std::string> m_difference;
-  std::atomic<bool> m_found{false};
+  const OnDifference m_onDifference;
   std::atomic<bool> m_ending{false};
   std::thread m_thread;
 };

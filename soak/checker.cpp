@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 #include "Recorder.h"
 
@@ -17,7 +18,8 @@ constexpr std::size_t kManyStates = 200;
 
 }  // namespace
 
-Checker::Checker(const std::vector<PrinterTraits>& printers) : m_unclear(printers.size()) {
+Checker::Checker(const std::vector<PrinterTraits>& printers, OnDifference onDifference)
+    : m_unclear(printers.size()), m_onDifference(std::move(onDifference)) {
   for (const PrinterTraits& printer : printers) m_models.push_back(std::make_unique<PrinterModel>(printer));
   m_thread = std::thread(&Checker::watch, this);
 }
@@ -31,7 +33,7 @@ void Checker::watch() {
   auto nextTick = std::chrono::steady_clock::now() + kBetweenTicks;
   while (!m_ending.load()) {
     if (std::chrono::steady_clock::now() >= nextTick) {
-      nextTick += kBetweenTicks;
+      nextTick = std::chrono::steady_clock::now() + kBetweenTicks;  // none is made up for: they tell of time that was had
       Recorder::instance().record({.what = What::tick, .printer = kEveryPrinter});
     }
     if (!takeAll()) std::this_thread::sleep_for(kBetweenLooks);
@@ -50,19 +52,21 @@ bool Checker::takeAll() {
 
 void Checker::see(const Event& event) {
   count(event);
-  if (m_difference) return;  // what follows would be judged by a model that is lost
   if (event.printer != kEveryPrinter) return show(event.printer, event);
-  for (PrinterId printer = 0; printer < m_models.size() && !m_difference; ++printer) show(printer, event);
+  for (PrinterId printer = 0; printer < m_models.size(); ++printer) show(printer, event);
 }
 
 void Checker::show(PrinterId printer, const Event& event) {
-  if (const auto difference = m_models[printer]->see(event)) fail(printer, *difference);
-  m_unclear[printer].store(m_models[printer]->states() > kManyStates);
+  PrinterModel& model = *m_models[printer];
+  const std::uint64_t runs = model.runs();
+  if (const auto difference = model.see(event)) fail(printer, *difference);
+  m_totals.runs += model.runs() - runs;
+  m_totals.mostStates = std::max(m_totals.mostStates, model.mostStates());
+  m_unclear[printer].store(model.states() > kManyStates);
 }
 
 void Checker::fail(PrinterId printer, const std::string& text) {
-  m_difference = "difference at printer " + std::to_string(printer) + ":\n" + text;
-  m_found.store(true);
+  m_onDifference("difference at printer " + std::to_string(printer) + ":\n" + text, m_totals);
 }
 
 void Checker::count(const Event& event) {
@@ -88,17 +92,13 @@ void Checker::count(const Event& event) {
   }
 }
 
-std::optional<std::string> Checker::finish() {
+void Checker::finish() {
   m_ending.store(true);
   m_thread.join();
   for (PrinterId printer = 0; printer < m_models.size(); ++printer) {
     const PrinterModel& model = *m_models[printer];
-    m_totals.runs += model.runs();
-    m_totals.mostStates = std::max(m_totals.mostStates, model.mostStates());
-    if (m_difference) continue;
     if (const auto left = model.atRest(std::chrono::system_clock::now())) fail(printer, "at the end, " + *left);
   }
-  return m_difference;
 }
 
 }  // namespace soak

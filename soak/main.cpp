@@ -28,30 +28,30 @@ std::string lastLine(const soak::Options& options, const soak::Totals& totals, i
          ", refused notices " + std::to_string(totals.refusals) + "), differences " + std::to_string(differences) + "\n";
 }
 
+std::string repeatLine(const soak::Options& options) {
+  return "repeat with --seconds " + std::to_string(options.length.count()) + " --printers " + std::to_string(options.printers) +
+         " --seed " + std::to_string(options.seed) + "; how the threads meet is not repeated\n";
+}
+
 // Threads of the module may still be at work after a difference: nothing is destroyed under them.
-[[noreturn]] void endAt(int code) {
-  std::fflush(stdout);
-  std::_Exit(code);
+[[noreturn]] void endWith(const soak::Options& options, const std::string& difference, const soak::Totals& totals) {
+  print(difference + repeatLine(options) + lastLine(options, totals, 1));
+  std::_Exit(1);
 }
 
 int run(const soak::Options& options) {
   print("seed " + std::to_string(options.seed) + ", " + std::to_string(options.length.count()) + " s, " +
         std::to_string(options.printers) + " printers\n");
   std::thread([] {}).join();  // with the first thread, a sanitizer starts one of its own, which stays
+  const auto onDifference = [&options](const std::string& text, const soak::Totals& totals) { endWith(options, text, totals); };
   // What the platform and the libraries make once is there from now on.
-  if (const auto first = soak::runSoak(options.seed, options.printers, 1s); first.difference) {
-    print(*first.difference + "repeat with --seed " + std::to_string(options.seed) + "\n" + lastLine(options, first.totals, 1));
-    endAt(1);
-  }
+  soak::runSoak(options.seed, options.printers, 1s, onDifference);
   const auto before = soak::Resources::now();
-  auto outcome = soak::runSoak(options.seed, options.printers, options.length);
-  if (!outcome.difference) outcome.difference = soak::leftOver(before);
-  if (outcome.difference) print(*outcome.difference + "repeat with --seed " + std::to_string(options.seed) + "\n");
+  const auto totals = soak::runSoak(options.seed, options.printers, options.length, onDifference);
+  if (const auto left = soak::leftOver(before)) endWith(options, *left, totals);
   print("before: " + textOf(before) + "; after: " + textOf(soak::Resources::now()) + "; events " +
-        std::to_string(outcome.totals.events) + ", most states of one printer " + std::to_string(outcome.totals.mostStates) +
-        "\n");
-  print(lastLine(options, outcome.totals, outcome.difference ? 1 : 0));
-  if (outcome.difference) endAt(1);
+        std::to_string(totals.events) + ", most states of one printer " + std::to_string(totals.mostStates) + "\n" +
+        lastLine(options, totals, 0));
   return 0;
 }
 

@@ -4,7 +4,6 @@
 
 #include "Callers.h"
 #include "Recorder.h"
-#include "Resources.h"
 #include "simulator/SimulatedPrinters.h"
 #include "support/ThreadCount.h"
 
@@ -35,11 +34,6 @@ std::vector<PrinterTraits> traitsOf(const std::vector<PrinterPlan>& printers) {
   return traits;
 }
 
-void waitFor(const Checker& checker, std::chrono::seconds length) {
-  const auto end = steady_clock::now() + length;
-  while (steady_clock::now() < end && !checker.found()) std::this_thread::sleep_for(10ms);
-}
-
 // Hangs end one after the other, as later calls hang anew.
 bool waitForRest(int threads) {
   const auto deadline = steady_clock::now() + kPatience;
@@ -52,31 +46,31 @@ bool waitForRest(int threads) {
 
 }  // namespace
 
-Outcome runSoak(std::uint64_t seed, int printers, std::chrono::seconds length) {
+Totals runSoak(std::uint64_t seed, int printers, std::chrono::seconds length, const OnDifference& onDifference) {
   const PrinterPlans plans = planPrinters(seed, printers, length);
   simulator::loadScenarioText(plans.scenario, "soak");
   const int threads = support::threadCount();
   simulator::watchCalls(watchCall);
-  Outcome outcome;
+  Totals totals;
   {
-    Checker checker(traitsOf(plans.printers));
+    Checker checker(traitsOf(plans.printers), onDifference);
     bool rests = false;
     {
       Callers callers(seed, plans.printers, checker);
-      waitFor(checker, length);
-      callers.rest();
+      std::this_thread::sleep_for(length);
+      callers.rest();  // a call that does not return is a difference
       callers.deleteAll();
       stopAll();
       rests = waitForRest(threads + 1);
     }
-    outcome.difference = checker.finish();
-    outcome.totals = checker.totals();
-    if (!outcome.difference && !rests) outcome.difference = "the module's threads have not ended\n";
+    checker.finish();
+    totals = checker.totals();
+    if (!rests) onDifference("the module's threads have not ended\n", totals);
   }
   simulator::watchCalls(nullptr);
   simulator::reset();
   Recorder::instance().forgetEnded();
-  return outcome;
+  return totals;
 }
 
 }  // namespace soak
