@@ -28,7 +28,7 @@ Window::Window(std::uint64_t seed, PrinterId printer, TaskId task, Type type, bo
 
 bool Window::Notice(long code) const {
   Recorder& recorder = Recorder::instance();
-  const auto task = static_cast<TaskId>(code);  // not m_task: it is the code that the module is to hand on
+  const TaskId task = code == static_cast<long>(m_task) ? m_task : 0;  // each window is told its own code, or nothing explains it
   recorder.belongsTo(m_printer);
   recorder.record({.what = What::noticeBegin,
                    .printer = m_printer,

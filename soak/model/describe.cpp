@@ -94,6 +94,7 @@ std::string textOf(const Event& event) {
   if (!event.function.empty()) text += " " + std::string(event.function);
   if (event.what == What::callEnd || event.what == What::noticeEnd) text += " with " + std::to_string(event.value);
   if (event.task != 0) text += ", task " + number(event.task);
+  if (event.what == What::noticeBegin && event.task == 0) text += " with a code that is not the window's";
   if (event.what == What::addBegin) {
     const TaskTraits& traits = event.traits;
     text += " (" + std::string(nameOf(traits.type)) + (traits.once ? ", once" : ", repeating") + ", interval " +
