@@ -14,11 +14,18 @@ struct Earliest {
 /// When the list's wait may be over.
 Earliest nextTurn(const List& list);
 
+/// Whether its waits count from the last check, whatever the time of the last NPA run may be. A wake-up ends such a wait.
+bool pacedByCheck(const List& list);
+
 /// When a list that has been empty may end by itself.
 Moment idleEnd(const List& list);
 
-/// The list's turn has come at `now`. False: it cannot have. Uses up a wake-up where one is needed.
-bool beginTurn(List& list, Moment now);
+/// The list's turn has come at `now`. False: it cannot have. Uses up a wake-up where one is needed. `wakeUpUnderWay`: one that
+/// counts already may still come.
+bool beginTurn(List& list, Moment now, bool wakeUpUnderWay);
+
+/// Nothing keeps it from its next turn, or from its end where it was stopped.
+bool isWoken(List list);
 
 /// The run at the front is over, and its stamps are taken.
 void stampRun(List& list);
@@ -28,5 +35,7 @@ void stampIdleCycle(List& list, Moment from);
 
 /// Something was seen that comes after the stamps of the last run.
 void boundStamps(List& list, Moment seen);
+/// The same of something that comes after the list's next turn.
+void boundStampsByTurn(List& list, Moment seen);
 
 }  // namespace soak

@@ -59,9 +59,10 @@ struct Pace {
   /// At most so many wake-ups have not been used up. Of two states that differ in nothing else, the one with more allows all
   /// that the other allows.
   Aside<int> posts{};
-  Aside<int> calmCycles{};  ///< turns since then that none of them brought forward
-  Aside<bool> woken{};      ///< there was one since the last run
-  bool idled = false;       ///< the list was empty since the last run: cycles may have passed unseen
+  Aside<int> calmCycles{};   ///< turns since then that none of them brought forward
+  Aside<Moment> lastPost{};  ///< those that are no timer's came no later
+  Aside<bool> woken{};       ///< there was one since the last run
+  bool idled = false;        ///< the list was empty since the last run: cycles may have passed unseen
 
   friend auto operator<=>(const Pace&, const Pace&) = default;
 };
@@ -88,6 +89,7 @@ struct List {
   Run run{};
   Pace pace{};
   Moment turnLow{};        ///< turn, tidied: it began no earlier
+  Aside<bool> wakes{};     ///< a wake-up that the next wait cannot outlast; of a stopped one: it does not wait
   bool idleTurn = false;   ///< turn, tidied: it was empty before, and still is
   bool chosen = false;     ///< tidied: the next entry is chosen; later ones do not count
   Moment lastSeen{};       ///< running: the last event
@@ -141,6 +143,8 @@ struct State {
   void leave(TaskId task, ListId list);  ///< forgets what was noted of it
   /// A call of this type is under way, and may hold references to its tasks.
   bool isHeld(Type type) const;
+  /// A `StartNPA` has marked its tasks, and its wake-up may still come.
+  bool isWaking() const;
 
   /// Drops what makes no difference any more, so that states that allow the same are equal.
   void simplify();

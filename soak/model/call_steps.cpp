@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "model/Pacing.h"
 #include "model/StepParts.h"
 
 namespace soak {
@@ -94,6 +95,7 @@ void stop(State& state, Operation& operation, const Knowledge& known) {
     state.unregister(list);
     list.goesOn = false;
     ++list.pace.posts.value;
+    list.wakes.value = list.place != Place::waiting || pacedByCheck(list);  // it looks whether it goes on before it waits
     list.lastTouched.value = known.ticks;
   }
 }
@@ -106,7 +108,12 @@ bool isContested(const State& state, const Operation& operation) {
   });
 }
 
-void request(State& state, Operation& operation) {
+// What a watch does over a task that is deleted shows nothing.
+bool showsItsTurn(const List& list) {
+  return std::ranges::find(list.queue, Type::FirmUpCheck, &Entry::type) == list.queue.end();
+}
+
+void request(State& state, Operation& operation, const Knowledge& known) {
   operation.done = true;
   List* list = state.registered();
   Entry* entry = list == nullptr ? nullptr : entryOf(*list, operation.type);
@@ -115,6 +122,8 @@ void request(State& state, Operation& operation) {
   if (start) {
     ++list->pace.posts.value;
     list->pace.woken.value = true;
+    list->wakes.value = list->wakes.value || (showsItsTurn(*list) && (list->place != Place::waiting || pacedByCheck(*list)));
+    list->lastTouched.value = known.ticks;
   }
   if (operation.type != Type::State) return;  // nobody else looks at it
   const Request wanted = isContested(state, operation) ? Request::either : start ? Request::yes : Request::no;
@@ -133,7 +142,7 @@ void addCallSteps(const State& state, const Knowledge& known, std::vector<State>
     } else if (State& next = found.emplace_back(state); operation.what == What::stopBegin) {
       stop(next, next.operations[index], known);
     } else {
-      request(next, next.operations[index]);
+      request(next, next.operations[index], known);
     }
   }
 }

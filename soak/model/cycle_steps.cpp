@@ -99,7 +99,7 @@ bool isStopping(const State& state) {
 
 void addTurn(State state, std::size_t index, const Knowledge& known, std::vector<State>& found) {
   if (state.lists[index].queue.empty() && !state.isAwaited(state.lists[index])) return;
-  if (!beginTurn(state.lists[index], known.now)) return;
+  if (!beginTurn(state.lists[index], known.now, state.isWaking())) return;
   if (isStopping(state)) {
     found.push_back(std::move(state));
   } else {

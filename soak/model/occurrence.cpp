@@ -42,6 +42,9 @@ Explained callReturns(State state, const Event& event) {
       state.operations, [&](const Operation& one) { return one.caller == event.thread && one.what == beginOf(event.what); });
   if (operation == state.operations.end()) return objection("it returns without having begun");
   if (!operation->done) return objection("it cannot have had its effect yet");
+  if (operation->what == What::startBegin) {
+    for (List& list : state.lists) list.pace.lastPost.value = event.time;
+  }
   state.operations.erase(operation);
   return {{std::move(state)}, {}};
 }

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <string_view>
 
+#include "model/Pacing.h"
+
 namespace soak {
 namespace {
 
@@ -26,9 +28,9 @@ bool isOutside(const List& list) {
   return list.place == Place::running && (list.run.phase == Run::Phase::calling || list.run.noticing);
 }
 
-// Whatever of a cycle or of the idle cycles may have passed unseen.
+// Whatever of a cycle or of the idle cycles may have passed unseen, but where a wake-up has ended the wait.
 bool isLate(const List& list, int ticks) {
-  const std::int64_t cycles = std::int64_t{kIdleCycles + 1} * std::max(list.interval, 0) / 1'000;
+  const std::int64_t cycles = isWoken(list) ? 0 : std::int64_t{kIdleCycles + 1} * std::max(list.interval, 0) / 1'000;
   return ticks - list.lastTouched.value > cycles + kPatience;
 }
 
@@ -38,6 +40,7 @@ bool isUnseen(const List& list) { return list.thread == 0 && list.worker == 0 &&
 std::string overdueIn(const List& list, int ticks) {
   if (isOutside(list) || isUnseen(list) || !isLate(list, ticks)) return {};
   const std::string name = "list " + std::to_string(list.id);
+  if (list.goesOn && isWoken(list)) return name + " was woken and does not run its next entry";
   if (list.place == Place::running) return name + " does not go on with its run, nor with anything after it";
   if (!list.goesOn) return name + " was stopped and has not ended";
   return list.queue.empty() ? name + " is empty and has not ended after its idle cycles"

@@ -15,21 +15,13 @@ constexpr auto kTruncated = 1ms;
 constexpr int kCalmCycles = 8;
 constexpr int kPunctual = 4;  // late by so small a part of the interval at most
 // The timer goes on from period to period until the worker, once awake, has stopped it. Its period is what is left of the
-// interval when the wait begins: all of it, but for what the machine takes away in between.
-constexpr int kShortenedPeriod = 4;
-// After idle cycles nobody knows how late a turn is. No machine takes a thread away for so long.
+// interval when the wait begins: all of it, but for what the machine takes away in between. No machine takes a thread away for
+// longer than this. After idle cycles nobody knows how late a turn is, but no later than so.
 constexpr std::chrono::milliseconds kLongStall = 200ms;
-// What that comes to over idle cycles, of which nothing is seen.
+// What wake-ups by the timer save over idle cycles, of which nothing is seen: an interval each, for nearly as long a stall.
 constexpr std::chrono::milliseconds kIdleSlack = 50ms;
 
 std::chrono::milliseconds intervalOf(const List& list) { return std::chrono::milliseconds(std::max(list.interval, 0)); }
-
-// The waits count from the last check, whatever the time of the last NPA run may be.
-bool pacedByCheck(const List& list) {
-  const Pace& pace = list.pace;
-  if (pace.keptLast) return false;
-  return !pace.npaEver || (pace.npaBounded && pace.checkLow >= pace.npaHigh + intervalOf(list) + kTruncated);
-}
 
 // For all that can be seen, its turn came by the time and not by a wake-up.
 bool hasWaited(const List& list, Moment now) {
@@ -41,12 +33,23 @@ bool hasWaited(const List& list, Moment now) {
 int postsOfTimer(const List& list, std::chrono::nanoseconds late) {
   if (list.interval <= 0 || list.pace.fresh || list.queue.empty()) return 0;
   if (list.pace.idled) late = std::min<std::chrono::nanoseconds>(late, std::max(intervalOf(list), kLongStall));
-  const std::chrono::milliseconds whole = list.pace.woken.value ? 0ms : intervalOf(list) / kShortenedPeriod;
+  const std::chrono::milliseconds whole = list.pace.woken.value ? 0ms : intervalOf(list) - kLongStall;
   const std::chrono::nanoseconds shortest = std::max(whole, std::chrono::milliseconds(1));
   return static_cast<int>(std::min<std::int64_t>(late / shortest, 1'000));
 }
 
+// A wait that lasts an interval from the last NPA run takes every wake-up that finds it, and goes on.
+bool hasTakenWakeUps(const List& list) {
+  return list.pace.keptLast && list.pace.lastPost.value < list.pace.npaLow + intervalOf(list) - kLongStall;
+}
+
 }  // namespace
+
+bool pacedByCheck(const List& list) {
+  const Pace& pace = list.pace;
+  if (pace.keptLast) return false;
+  return !pace.npaEver || (pace.npaBounded && pace.checkLow >= pace.npaHigh + intervalOf(list) + kTruncated);
+}
 
 Earliest nextTurn(const List& list) {
   const Pace& pace = list.pace;
@@ -62,14 +65,15 @@ Moment idleEnd(const List& list) {
   if (list.pace.fresh || !pacedByCheck(list)) return first.at;
   const int more = std::max(0, kIdleCycles - list.pace.idleCycles - 1 - list.pace.posts.value);
   const Moment begin = list.pace.posts.value > 0 ? list.pace.checkLow : first.at;
-  return std::max(list.pace.checkLow, begin + more * intervalOf(list) - std::max(intervalOf(list), kIdleSlack));
+  return std::max(list.pace.checkLow, begin + more * intervalOf(list) - std::clamp(intervalOf(list), kIdleSlack, kLongStall));
 }
 
-bool beginTurn(List& list, Moment now) {
+bool beginTurn(List& list, Moment now, bool wakeUpUnderWay) {
   Pace& pace = list.pace;
   const Earliest turn = nextTurn(list);
   const bool early = now < turn.at;
   if (early && (!turn.shortened || pace.posts.value == 0)) return false;
+  list.wakes.value = false;
   list.turnLow = early ? pace.checkLow : turn.at;
   list.place = Place::turn;
   list.idleTurn = list.queue.empty();
@@ -78,12 +82,19 @@ bool beginTurn(List& list, Moment now) {
     pace.calmCycles.value = 0;
     return true;
   }
-  if (hasWaited(list, now) && ++pace.calmCycles.value >= kCalmCycles) pace.posts.value = 0;
+  const bool used = (hasWaited(list, now) && ++pace.calmCycles.value >= kCalmCycles) || hasTakenWakeUps(list);
+  if (used && !wakeUpUnderWay) pace.posts.value = 0;
   if (const int more = postsOfTimer(list, now - turn.at); more > 0) {
     pace.posts.value += more;
     pace.calmCycles.value = 0;
   }
   return true;
+}
+
+bool isWoken(List list) {
+  if (!list.goesOn || list.place != Place::running) return list.wakes.value;
+  stampRun(list);
+  return list.wakes.value;
 }
 
 void stampRun(List& list) {
@@ -94,10 +105,12 @@ void stampRun(List& list) {
   pace.woken.value = false;
   pace.checkLow = list.lastSeen;
   pace.keptLast = list.run.keepsNpa;
-  if (!pace.keptLast) return;
-  pace.npaEver = true;
-  pace.npaBounded = false;
-  pace.npaLow = list.lastSeen;
+  if (pace.keptLast) {
+    pace.npaEver = true;
+    pace.npaBounded = false;
+    pace.npaLow = list.lastSeen;
+  }
+  list.wakes.value = list.wakes.value && pacedByCheck(list);
 }
 
 void stampIdleCycle(List& list, Moment from) {
@@ -106,13 +119,17 @@ void stampIdleCycle(List& list, Moment from) {
   pace.keptLast = false;
   pace.checkLow = std::max(pace.checkLow, from);
   pace.idleCycles = 1;
+  list.wakes.value = false;  // used up by a cycle that shows nothing
   pace.idled = true;
 }
 
 void boundStamps(List& list, Moment seen) {
-  if (!list.pace.npaEver || list.pace.npaBounded) return;
+  if (!list.pace.npaEver) return;
+  list.pace.npaHigh = list.pace.npaBounded ? std::min(list.pace.npaHigh, seen) : seen;
   list.pace.npaBounded = true;
-  list.pace.npaHigh = seen;
 }
+
+// However the wait for it ended, the last NPA run was an interval ago.
+void boundStampsByTurn(List& list, Moment seen) { boundStamps(list, seen - intervalOf(list)); }
 
 }  // namespace soak

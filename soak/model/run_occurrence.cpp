@@ -106,7 +106,7 @@ void append(Explained& all, Explained more) {
 Explained beginRun(State state, std::size_t index, const Event& event, const Knowledge& known) {
   List& list = state.lists[index];
   if (auto held = unreleased(state, list, known); !held.empty()) return {{}, {std::move(held)}};
-  boundStamps(list, event.time);
+  boundStampsByTurn(list, event.time);
   list.thread = event.thread;
   list.run.begin = event.number;
   return continueRun(std::move(state), index, event, known);

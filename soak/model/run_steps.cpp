@@ -28,6 +28,7 @@ void requeue(State state, std::size_t index, const std::vector<TaskId>& once, co
   entry.tasks = std::move(stay);
   if (!entry.tasks.empty()) list.queue.push_back(std::move(entry));
   list.pace.idled = list.queue.empty();
+  list.wakes.value = list.wakes.value && !list.queue.empty();
   list.run = {};
   list.place = Place::waiting;
   list.lastTouched.value = known.ticks;

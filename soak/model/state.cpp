@@ -53,6 +53,10 @@ bool State::isHeld(Type type) const {
       operations, [&](const Operation& operation) { return operation.what != What::stopBegin && operation.type == type; });
 }
 
+bool State::isWaking() const {
+  return std::ranges::any_of(operations, [](const Operation& one) { return one.what == What::startBegin && one.done; });
+}
+
 bool State::isAwaited(const List& list) const {
   return std::ranges::any_of(operations, [&](const Operation& operation) {
     if (operation.what != What::addBegin || operation.done) return false;
@@ -131,6 +135,10 @@ bool State::absorb(const State& equal) {
     pace.posts.value = std::max(pace.posts.value, other.posts.value);
     pace.woken.value = pace.woken.value || other.woken.value;
     pace.calmCycles.value = std::min(pace.calmCycles.value, other.calmCycles.value);
+    pace.lastPost.value = std::max(pace.lastPost.value, other.lastPost.value);
+    List& list = lists[index];
+    list.wakes.value = list.wakes.value && equal.lists[index].wakes.value;
+    list.lastTouched.value = std::max(list.lastTouched.value, equal.lists[index].lastTouched.value);
   }
   return more;
 }

@@ -55,9 +55,13 @@ class Story : public testing::Test {
     seen({.what = What::stopBegin, .thread = kCaller});
     seen({.what = What::stopEnd, .thread = kCaller});
   }
+  void beginStart(ThreadId thread = kCaller) {
+    seen({.what = What::startBegin, .thread = thread, .traits = {.type = Type::State}});
+  }
+  void endStart(ThreadId thread = kCaller) { seen({.what = What::startEnd, .thread = thread}); }
   void startNpa() {
-    seen({.what = What::startBegin, .thread = kCaller, .traits = {.type = Type::State}});
-    seen({.what = What::startEnd, .thread = kCaller});
+    beginStart();
+    endStart();
   }
   void pauseNpa() {
     seen({.what = What::pauseBegin, .thread = kCaller, .traits = {.type = Type::State}});

@@ -106,6 +106,19 @@ TEST_F(PrinterModelFinds, ARunBeforeItsTurnAfterRunsWithoutNpa) {
   refused(callOf(kJobs), "its turn comes no earlier than");
 }
 
+TEST_F(PrinterModelFinds, ARunBeforeItsTurnWhereOnlyTheTurnTellsWhenTheNpaRunEnded) {
+  add(1, repeating(Type::GetNetwork, 1'000));
+  add(2, repeating(Type::State, 1'000));
+  network(1);
+  at(1'005);
+  call(kJobs);
+  at(1'010);
+  call(kScan);
+  notice(2);
+  at(1'011);
+  refused(callOf(kNetwork), "its turn comes no earlier than");
+}
+
 TEST_F(PrinterModelFinds, AWakeUpThatShortensTheWaitAfterANpaRun) {
   add(1, repeating(Type::GetNetwork, 100));
   add(2, repeating(Type::State, 100));
@@ -128,9 +141,9 @@ TEST_F(PrinterModelFinds, OneWakeUpThatShortensTwoWaits) {
 }
 
 TEST_F(PrinterModelFinds, MoreWakeUpsThanTheTimerOfAPunctualWorkerGives) {
-  add(1, repeating(Type::State, 100));
+  add(1, repeating(Type::State, 300));
   unreadState(1);
-  at(110);
+  at(390);
   unreadState(1);
   refused(callOf(kJobs), "its turn comes no earlier than");
 }
@@ -173,14 +186,62 @@ TEST_F(PrinterModelFinds, ATaskThatIsReleasedWhileItIsQueued) {
 TEST_F(PrinterModelFinds, AListThatEndsBeforeItsIdleCycles) {
   add(1, repeating(Type::State, 100));
   unreadState(1);
-  at(110);
+  at(100.5);
   unreadState(1);
   at(150);
   setDelete(1);
-  at(215);
+  at(201.5);
   released(1);
   at(1'000);
   refused(endOf(kHelper), "its ten idle cycles are over no earlier than");
+}
+
+TEST_F(PrinterModelFinds, AWakeUpThatWasTakenDuringAWaitForAnNpaRun) {
+  add(1, once(Type::GetNetwork, 1'000));
+  add(2, repeating(Type::State, 1'000));
+  startNpa();
+  pauseNpa();
+  network(1);
+  released(1);
+  at(1'005);
+  unreadState(2);
+  at(1'010);
+  refused(callOf(kJobs), "its turn comes no earlier than");
+}
+
+TEST_F(PrinterModelFinds, AListThatEndsOneIdleCycleTooEarly) {
+  add(1, repeating(Type::State, 1'000));
+  unreadState(1);
+  setDelete(1);
+  at(1'001);
+  released(1);
+  at(9'700);  // after nine
+  refused(endOf(kHelper), "its ten idle cycles are over no earlier than");
+}
+
+TEST_F(PrinterModelFinds, AWakeUpThatDoesNotEndTheWait) {
+  add(1, repeating(Type::State, 300'000));
+  unreadState(1);
+  startNpa();
+  ticks(30);
+  refused({.what = What::tick}, "list 1 was woken and does not run its next entry");
+}
+
+TEST_F(PrinterModelFinds, AStopThatDoesNotEndTheWait) {
+  add(1, repeating(Type::State, 300'000));
+  unreadState(1);
+  stop();
+  ticks(30);
+  refused({.what = What::tick}, "list 1 was stopped and has not ended");
+}
+
+TEST_F(PrinterModelFinds, NothingOverdueWhereAWakeUpDoesNotEndTheWait) {
+  add(1, repeating(Type::GetNetwork, 60'000));
+  network(1);
+  startNpa();
+  ticks(100);
+  stop();
+  ticks(100);
 }
 
 TEST_F(PrinterModelFinds, AListThatEndsWithTasks) {

@@ -281,6 +281,31 @@ TEST_F(PrinterModelAccepts, AStoppedListWithoutRunsThatTakesTheNextOneOutOfTheRe
   call("AppPrinterSdk_IsSuppportSuppliesAlarm");
 }
 
+// Its wait begins 9 ms after its stamps, with 1 ms left, and it comes 1.5 ms late to stop the timer.
+TEST_F(PrinterModelAccepts, AWakeUpByATimerWhosePeriodWasShort) {
+  add(1, repeating(Type::State, 10));
+  unreadState(1);
+  at(11.6);
+  unreadState(1);
+  unreadState(1);
+}
+
+TEST_F(PrinterModelAccepts, AWakeUpThatComesLongAfterTheTasksWereMarked) {
+  add(1, repeating(Type::State, 1'000));
+  beginStart(2);
+  call(kJobs);
+  call(kRead);  // it is marked
+  notice(1);
+  pauseNpa();
+  at(1'005);
+  call(kJobs);
+  at(1'010);
+  call(kScan);
+  notice(1);
+  endStart(2);
+  call(kJobs);
+}
+
 TEST_F(PrinterModelAccepts, ManyStopsWhoseListsAreSlowToEnd) {
   for (TaskId task = 1; task <= 20; ++task) {
     at(task * 50);
