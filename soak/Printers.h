@@ -15,12 +15,19 @@ struct PrinterPlan {
   std::wstring managerId;
   PrinterTraits traits;
   std::int32_t interval = 0;  ///< milliseconds
+  /// Its pauses last for minutes, but for wake-ups: it is for state tasks alone, which read nothing, as it always prints.
+  bool pausesLong = false;
 };
 
 struct PrinterPlans {
   std::vector<PrinterPlan> printers;
   std::string scenario;  ///< for the simulator
 };
+
+/// Half of the soaks end with `Stop`, the others as their lists do by themselves when all tasks are deleted.
+inline bool stopsAtEnd(std::uint64_t seed) { return seed % 2 == 0; }
+/// In half of the soaks `Stop` comes seldom, so that lists live long, and lists are emptied often.
+inline bool stopsSeldom(std::uint64_t seed) { return seed % 4 >= 2; }
 
 /// Faults come all through `length`.
 PrinterPlans planPrinters(std::uint64_t seed, int count, std::chrono::seconds length);

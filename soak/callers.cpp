@@ -16,6 +16,7 @@ constexpr int kMostAtOnce = 3;          // actions on one printer: each more mul
 constexpr int kOneBusyOf = 12;          // printers
 constexpr int kActions = 6;             // each second for each printer, about
 constexpr int kBetweenStops = 5;        // seconds, about: it ends all lists, and leaves them time for the rest
+constexpr int kBetweenSeldomStops = 120;
 
 }  // namespace
 
@@ -61,7 +62,8 @@ void Callers::work(std::uint64_t number) {
 }
 
 void Callers::act(Random& random) {
-  if (random.between(1, kActions * kBetweenStops * static_cast<int>(m_printers.size())) == 1) return stopAll();
+  const int betweenStops = stopsSeldom(m_seed) ? kBetweenSeldomStops : kBetweenStops;
+  if (random.between(1, kActions * betweenStops * static_cast<int>(m_printers.size())) == 1) return stopAll();
   const PrinterId place = choosePrinter(random);
   std::atomic<int>& actions = m_printers[place]->actions;
   if (actions.fetch_add(1) < kMostAtOnce && !m_checker.isUnclear(place)) actOn(place, random);
@@ -71,7 +73,7 @@ void Callers::act(Random& random) {
 void Callers::actOn(PrinterId place, Random& random) {
   const int what = random.between(1, 100);
   if (what <= 45) return add(random, place);
-  if (what <= 46) return emptyPrinter(place);
+  if (what <= (stopsSeldom(m_seed) ? 50 : 46)) return emptyPrinter(place);
   if (what <= 65) {
     const Type type = random.chance(80) ? Type::State : static_cast<Type>(random.between(0, 21));
     return requestNpa(random.chance(50), place, m_plans[place], type);

@@ -41,7 +41,8 @@ int drawGap(Random& random, int from, int to, int milliseconds, int most) {
   return random.between(from, 2 * mean - from);
 }
 
-std::string jobs(Random& random, int milliseconds, int most) {
+std::string jobs(Random& random, const PrinterPlan& plan, int milliseconds, int most) {
+  if (plan.pausesLong) return "<timeline><at ms='0'><jobs count='1'/></at></timeline>";
   std::string changes;
   int count = random.chance(50) ? 0 : 1;
   for (int at = random.between(500, 4'000); at < milliseconds; at += drawGap(random, 1'000, 6'000, milliseconds, most)) {
@@ -76,6 +77,13 @@ std::string faults(Random& random, int milliseconds, int most) {
   return text;
 }
 
+// Under ten minutes, so that the first run comes at once.
+void pauseLong(PrinterPlan& plan) {
+  plan.pausesLong = true;
+  plan.interval = 300'000;
+  plan.traits = {};
+}
+
 std::string printerElement(Random& random, const PrinterPlan& plan, int milliseconds, int printers) {
   const auto narrow = [](const std::wstring& text) { return std::string(text.begin(), text.end()); };
   return "<printer" + attribute("uid", narrow(plan.uid)) + attribute("manager-id", narrow(plan.managerId)) +
@@ -86,7 +94,7 @@ std::string printerElement(Random& random, const PrinterPlan& plan, int millisec
          "/>" +
          "<firmware size='1000' rate='5000' restart='50'/><upgrade-service check-time='50' new-version='2'/>"
          "<wifi segments='2' segment-time='100' join-segments='2' join-time='100'><access-point name='net'/></wifi>" +
-         jobs(random, milliseconds, kMostChanges / printers) + "</printer>";
+         jobs(random, plan, milliseconds, kMostChanges / printers) + "</printer>";
 }
 
 }  // namespace
@@ -101,6 +109,7 @@ PrinterPlans planPrinters(std::uint64_t seed, int count, std::chrono::seconds le
     plan.managerId = L"m" + std::to_wstring(place);
     plan.traits = {.network = random.chance(50), .ctrlPort = random.chance(50)};
     plan.interval = drawInterval(random, milliseconds);
+    if (stopsAtEnd(seed) && random.chance(8)) pauseLong(plan);
     plans.scenario += printerElement(random, plan, milliseconds, count);
     plans.printers.push_back(std::move(plan));
   }

@@ -60,7 +60,7 @@ Totals runSoak(std::uint64_t seed, int printers, std::chrono::seconds length, co
       std::this_thread::sleep_for(length);
       callers.rest();  // a call that does not return is a difference
       callers.deleteAll();
-      stopAll();
+      if (stopsAtEnd(seed)) stopAll();
       rests = waitForRest(threads + 1);
     }
     checker.finish();

@@ -34,13 +34,13 @@ Type drawType(Random& random) {
 
 TaskTraits drawTraits(Random& random, const PrinterPlan& plan) {
   TaskTraits traits;
-  traits.type = drawType(random);
+  traits.type = plan.pausesLong ? Type::State : drawType(random);
   // Only the task that makes a list decides its pace.
   traits.interval = random.chance(80) || plan.interval > kSlow ? plan.interval : plan.interval * 2;
   constexpr std::int32_t statuses[] = {0, 0, 0, 11, 1, 3};
   traits.status = statuses[random.between(0, 5)];
   traits.once = takesLong(traits.type) || !random.chance(traits.type == Type::State ? 70 : 35);
-  traits.wrongRecord = traits.type != Type::GetAlarm && random.chance(6);
+  traits.wrongRecord = traits.type != Type::GetAlarm && !plan.pausesLong && random.chance(6);
   traits.npaRequested = random.chance(20);
   return traits;
 }

@@ -28,7 +28,8 @@ Window::Window(std::uint64_t seed, PrinterId printer, TaskId task, Type type, bo
 
 bool Window::Notice(long code) const {
   Recorder& recorder = Recorder::instance();
-  const TaskId task = code == static_cast<long>(m_task) ? m_task : 0;  // each window is told its own code, or nothing explains it
+  const TaskId task =
+      code == static_cast<long>(m_task) ? m_task : 0;  // each window is told its own code, or nothing explains it
   recorder.belongsTo(m_printer);
   recorder.record({.what = What::noticeBegin,
                    .printer = m_printer,

@@ -3,6 +3,7 @@
 #include <compare>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <set>
 #include <utility>
 #include <vector>
@@ -88,8 +89,9 @@ struct List {
   std::vector<Entry> queue;
   Run run{};
   Pace pace{};
-  Moment turnLow{};        ///< turn, tidied: it began no earlier
-  Aside<bool> wakes{};     ///< a wake-up that the next wait cannot outlast; of a stopped one: it does not wait
+  Moment turnLow{};  ///< turn, tidied: it began no earlier
+  /// Ticks until a wake-up that the next wait cannot outlast, or until it was stopped and does not wait.
+  Aside<std::optional<int>> wakes{};
   bool idleTurn = false;   ///< turn, tidied: it was empty before, and still is
   bool chosen = false;     ///< tidied: the next entry is chosen; later ones do not count
   Moment lastSeen{};       ///< running: the last event

@@ -22,7 +22,7 @@ void noteAdded(State& state, List& list, const Operation& add, const Knowledge& 
   if (add.type == Type::State && known.facts.traitsOf(add.task).npaRequested) state.setRequest(add.task, Request::yes);
   list.pace.idleCycles = 0;
   list.idleTurn = false;
-  list.lastTouched.value = known.ticks;
+  if (list.queue.size() == 1 && list.queue.front().tasks.size() == 1) list.lastTouched.value = known.ticks;  // it was empty
 }
 
 void placeIn(State& state, List& list, const Operation& add, const Knowledge& known) {
@@ -95,7 +95,8 @@ void stop(State& state, Operation& operation, const Knowledge& known) {
     state.unregister(list);
     list.goesOn = false;
     ++list.pace.posts.value;
-    list.wakes.value = list.place != Place::waiting || pacedByCheck(list);  // it looks whether it goes on before it waits
+    if (list.place != Place::waiting || pacedByCheck(list))
+      list.wakes.value = known.ticks;  // it looks whether it goes on before it waits
     list.lastTouched.value = known.ticks;
   }
 }
@@ -122,8 +123,8 @@ void request(State& state, Operation& operation, const Knowledge& known) {
   if (start) {
     ++list->pace.posts.value;
     list->pace.woken.value = true;
-    list->wakes.value = list->wakes.value || (showsItsTurn(*list) && (list->place != Place::waiting || pacedByCheck(*list)));
-    list->lastTouched.value = known.ticks;
+    const bool ends = showsItsTurn(*list) && (list->place != Place::waiting || pacedByCheck(*list));
+    if (ends && !list->wakes.value) list->wakes.value = known.ticks;
   }
   if (operation.type != Type::State) return;  // nobody else looks at it
   const Request wanted = isContested(state, operation) ? Request::either : start ? Request::yes : Request::no;

@@ -39,6 +39,7 @@ void beginAt(State state, std::size_t index, std::size_t chosen, const Knowledge
   std::rotate(list.queue.begin(), place, place + 1);
   const TaskTraits& traits = known.facts.traitsOf(list.queue.front().tasks.front());
   list.place = Place::running;
+  list.wakes.value.reset();
   list.run = {};
   list.run.keepsNpa = traits.type != Type::State || traits.wrongRecord;
   found.push_back(std::move(state));

@@ -30,8 +30,11 @@ bool isOutside(const List& list) {
 
 // Whatever of a cycle or of the idle cycles may have passed unseen, but where a wake-up has ended the wait.
 bool isLate(const List& list, int ticks) {
-  const std::int64_t cycles = isWoken(list) ? 0 : std::int64_t{kIdleCycles + 1} * std::max(list.interval, 0) / 1'000;
-  return ticks - list.lastTouched.value > cycles + kPatience;
+  const bool woken = isWoken(list);
+  int since = list.lastTouched.value;
+  if (woken) since = list.place == Place::waiting ? *list.wakes.value : std::max(since, *list.wakes.value);
+  const std::int64_t cycles = woken ? 0 : std::int64_t{kIdleCycles + 1} * std::max(list.interval, 0) / 1'000;
+  return ticks - since > cycles + kPatience;
 }
 
 // Of a list that has shown no thread, and holds nothing, nothing will be seen.

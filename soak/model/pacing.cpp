@@ -73,7 +73,6 @@ bool beginTurn(List& list, Moment now, bool wakeUpUnderWay) {
   const Earliest turn = nextTurn(list);
   const bool early = now < turn.at;
   if (early && (!turn.shortened || pace.posts.value == 0)) return false;
-  list.wakes.value = false;
   list.turnLow = early ? pace.checkLow : turn.at;
   list.place = Place::turn;
   list.idleTurn = list.queue.empty();
@@ -92,9 +91,8 @@ bool beginTurn(List& list, Moment now, bool wakeUpUnderWay) {
 }
 
 bool isWoken(List list) {
-  if (!list.goesOn || list.place != Place::running) return list.wakes.value;
-  stampRun(list);
-  return list.wakes.value;
+  if (list.goesOn && list.place == Place::running) stampRun(list);
+  return list.wakes.value.has_value();
 }
 
 void stampRun(List& list) {
@@ -110,7 +108,7 @@ void stampRun(List& list) {
     pace.npaBounded = false;
     pace.npaLow = list.lastSeen;
   }
-  list.wakes.value = list.wakes.value && pacedByCheck(list);
+  if (!pacedByCheck(list)) list.wakes.value.reset();
 }
 
 void stampIdleCycle(List& list, Moment from) {
@@ -119,7 +117,7 @@ void stampIdleCycle(List& list, Moment from) {
   pace.keptLast = false;
   pace.checkLow = std::max(pace.checkLow, from);
   pace.idleCycles = 1;
-  list.wakes.value = false;  // used up by a cycle that shows nothing
+  list.wakes.value.reset();  // used up by a cycle that shows nothing
   pace.idled = true;
 }
 

@@ -28,7 +28,8 @@ void requeue(State state, std::size_t index, const std::vector<TaskId>& once, co
   entry.tasks = std::move(stay);
   if (!entry.tasks.empty()) list.queue.push_back(std::move(entry));
   list.pace.idled = list.queue.empty();
-  list.wakes.value = list.wakes.value && !list.queue.empty();
+  if (list.wakes.value) list.wakes.value = std::max(*list.wakes.value, list.lastTouched.value);  // when the run was last seen
+  if (list.queue.empty()) list.wakes.value.reset();
   list.run = {};
   list.place = Place::waiting;
   list.lastTouched.value = known.ticks;

@@ -137,7 +137,8 @@ bool State::absorb(const State& equal) {
     pace.calmCycles.value = std::min(pace.calmCycles.value, other.calmCycles.value);
     pace.lastPost.value = std::max(pace.lastPost.value, other.lastPost.value);
     List& list = lists[index];
-    list.wakes.value = list.wakes.value && equal.lists[index].wakes.value;
+    const auto& wakes = equal.lists[index].wakes.value;
+    if (list.wakes.value) list.wakes.value = wakes ? std::max(list.wakes.value, wakes) : std::nullopt;
     list.lastTouched.value = std::max(list.lastTouched.value, equal.lists[index].lastTouched.value);
   }
   return more;

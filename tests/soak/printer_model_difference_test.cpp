@@ -227,6 +227,25 @@ TEST_F(PrinterModelFinds, AWakeUpThatDoesNotEndTheWait) {
   refused({.what = What::tick}, "list 1 was woken and does not run its next entry");
 }
 
+TEST_F(PrinterModelFinds, AWakeUpThatDoesNotEndTheWaitHoweverManyTasksCome) {
+  add(1, repeating(Type::State, 300'000));
+  unreadState(1);
+  startNpa();
+  for (TaskId task = 2; task < 32; ++task) {
+    add(task, repeating(Type::State));
+    ticks(1);
+  }
+  refused({.what = What::tick}, "list 1 was woken and does not run its next entry");
+}
+
+TEST_F(PrinterModelFinds, NothingOverdueSoonAfterAWakeUpInALongPause) {
+  add(1, repeating(Type::State, 300'000));
+  unreadState(1);
+  ticks(200);
+  startNpa();
+  ticks(30);
+}
+
 TEST_F(PrinterModelFinds, AStopThatDoesNotEndTheWait) {
   add(1, repeating(Type::State, 300'000));
   unreadState(1);
