@@ -108,8 +108,10 @@ struct Operation {
   What what{};  ///< addBegin, stopBegin, startBegin or pauseBegin
   TaskId task = 0;
   Type type{};
-  bool done = false;   ///< it has had its effect
-  Aside<int> began{};  ///< ticks until then
+  bool done = false;            ///< it has had its effect
+  bool contested = false;       ///< start, pause: one of the other kind was under way meanwhile
+  std::vector<TaskId> tasks{};  ///< start, pause: those that it marks one after the other
+  Aside<int> began{};           ///< ticks until then
   /// `addBegin`: lists that it may have found before they went out of the registry; 0 for one that is gone. Sorted.
   std::vector<ListId> found{};
 
@@ -145,6 +147,9 @@ struct State {
   void leave(TaskId task, ListId list);  ///< forgets what was noted of it
   /// A call of this type is under way, and may hold references to its tasks.
   bool isHeld(Type type) const;
+  bool holds(TaskId task) const;
+  /// A `StartNPA` or `PauseNPA` for state tasks is under way.
+  bool isRequesting() const;
   /// A `StartNPA` has marked its tasks, and its wake-up may still come.
   bool isWaking() const;
 

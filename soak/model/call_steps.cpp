@@ -101,14 +101,6 @@ void stop(State& state, Operation& operation, const Knowledge& known) {
   }
 }
 
-// Start and pause at once may each have the last word for each task.
-bool isContested(const State& state, const Operation& operation) {
-  return std::ranges::any_of(state.operations, [&](const Operation& other) {
-    const bool npa = other.what == What::startBegin || other.what == What::pauseBegin;
-    return npa && other.what != operation.what && other.type == operation.type;
-  });
-}
-
 // What a watch does over a task that is deleted shows nothing.
 bool showsItsTurn(const List& list) {
   return std::ranges::find(list.queue, Type::FirmUpCheck, &Entry::type) == list.queue.end();
@@ -127,9 +119,8 @@ void request(State& state, Operation& operation, const Knowledge& known) {
     if (ends && !list->wakes.value) list->wakes.value = known.ticks;
   }
   if (operation.type != Type::State) return;  // nobody else looks at it
-  const Request wanted = isContested(state, operation) ? Request::either : start ? Request::yes : Request::no;
-  const auto tasks = entry->tasks;
-  for (const TaskId task : tasks) state.setRequest(task, wanted);
+  operation.tasks = entry->tasks;
+  for (const TaskId task : operation.tasks) state.setRequest(task, Request::either);  // until it has returned
 }
 
 }  // namespace

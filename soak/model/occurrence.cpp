@@ -25,14 +25,36 @@ What beginOf(What end) {
   }
 }
 
+bool isNpa(What what) { return what == What::startBegin || what == What::pauseBegin; }
+
+// Start and pause at once may each have the last word for each task.
+bool contest(State& state, const Event& event) {
+  bool contested = false;
+  for (Operation& other : state.operations) {
+    if (!isNpa(event.what) || !isNpa(other.what) || other.what == event.what || other.type != event.traits.type) continue;
+    other.contested = contested = true;
+  }
+  return contested;
+}
+
+// Now all of its tasks are marked.
+void noteRequested(State& state, const Operation& operation) {
+  if (operation.contested) return;
+  for (const TaskId task : operation.tasks) {
+    if (state.holds(task)) state.setRequest(task, operation.what == What::startBegin ? Request::yes : Request::no);
+  }
+}
+
 // Only state tasks have a use for their NPA request, so of other types only `StartNPA` has an effect, its wake-up.
 Explained callBegins(State state, const Event& event, const Knowledge& known) {
   const bool effect = event.what != What::pauseBegin || event.traits.type == Type::State;
+  const bool contested = contest(state, event);
   state.operations.push_back({.caller = event.thread,
                               .what = event.what,
                               .task = event.task,
                               .type = event.traits.type,
                               .done = !effect,
+                              .contested = contested,
                               .began = {known.ticks}});
   return {{std::move(state)}, {}};
 }
@@ -42,6 +64,7 @@ Explained callReturns(State state, const Event& event) {
       state.operations, [&](const Operation& one) { return one.caller == event.thread && one.what == beginOf(event.what); });
   if (operation == state.operations.end()) return objection("it returns without having begun");
   if (!operation->done) return objection("it cannot have had its effect yet");
+  noteRequested(state, *operation);
   if (operation->what == What::startBegin) {
     for (List& list : state.lists) list.pace.lastPost.value = event.time;
   }

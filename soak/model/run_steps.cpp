@@ -54,10 +54,15 @@ void addRequeued(const State& state, std::size_t index, const Knowledge& known, 
 }
 
 void addReading(const State& state, std::size_t index, std::vector<State>& found) {
-  const Request request = state.requestOf(state.lists[index].queue.front().tasks.front());
-  const auto read = [&](Progress::Npa npa) { found.emplace_back(state).lists[index].run.at.npa = npa; };
-  if (request != Request::yes) read(Progress::Npa::no);
-  if (request != Request::no) read(Progress::Npa::yes);
+  const TaskId task = state.lists[index].queue.front().tasks.front();
+  const Request request = state.requestOf(task);
+  const auto read = [&](Progress::Npa npa, Request then) {
+    State& next = found.emplace_back(state);
+    next.lists[index].run.at.npa = npa;
+    if (!state.isRequesting()) next.setRequest(task, then);  // it stays as it was found
+  };
+  if (request != Request::yes) read(Progress::Npa::no, Request::no);
+  if (request != Request::no) read(Progress::Npa::yes, Request::yes);
 }
 
 // All windows have been told, or the one: who joins from here on is not.

@@ -53,6 +53,16 @@ bool State::isHeld(Type type) const {
       operations, [&](const Operation& operation) { return operation.what != What::stopBegin && operation.type == type; });
 }
 
+bool State::holds(TaskId task) const {
+  return std::ranges::any_of(lists, [task](const List& list) { return list.holds(task); });
+}
+
+bool State::isRequesting() const {
+  return std::ranges::any_of(operations, [](const Operation& one) {
+    return one.type == Type::State && (one.what == What::startBegin || one.what == What::pauseBegin);
+  });
+}
+
 bool State::isWaking() const {
   return std::ranges::any_of(operations, [](const Operation& one) { return one.what == What::startBegin && one.done; });
 }

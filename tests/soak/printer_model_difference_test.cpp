@@ -161,6 +161,18 @@ TEST_F(PrinterModelFinds, AStateThatIsNotReadAlthoughAskedFor) {
   refused(callOf(kScan), "a call of AppPrinterSdk_GetState is due");
 }
 
+TEST_F(PrinterModelFinds, ARequestThatChangesWithoutACall) {
+  add(1, repeating(Type::State));
+  beginStart(2);
+  pauseNpa();
+  endStart(2);
+  call(kJobs);
+  call(kRead);  // so the start came last
+  notice(1);
+  call(kJobs);
+  refused(callOf(kScan), "a call of AppPrinterSdk_GetState is due");
+}
+
 TEST_F(PrinterModelFinds, ARecordThatDoesNotSayWhetherTheStateWasRead) {
   add(1, repeating(Type::State));
   startNpa();

@@ -306,6 +306,21 @@ TEST_F(PrinterModelAccepts, AWakeUpThatComesLongAfterTheTasksWereMarked) {
   call(kJobs);
 }
 
+TEST_F(PrinterModelAccepts, AnObserverThatIsNotYetMarkedWhereTheFirstTaskIs) {
+  add(1, once(Type::State));
+  add(2, repeating(Type::State));
+  beginStart();
+  call(kJobs);
+  call(kRead);
+  notice(1);
+  notice(2);
+  released(1);
+  unreadState(2);
+  endStart();
+  call(kJobs);
+  call(kRead);
+}
+
 TEST_F(PrinterModelAccepts, ManyStopsWhoseListsAreSlowToEnd) {
   for (TaskId task = 1; task <= 20; ++task) {
     at(task * 50);
