@@ -121,7 +121,8 @@ struct Operation {
 /// A task that has left its list, and that the module still has to let go of.
 struct Left {
   TaskId task = 0;
-  ListId list = 0;  ///< whose worker lets go of it, 0 when that may be anybody
+  ListId list = 0;     ///< whose worker lets go of it, 0 when that may be anybody
+  Aside<int> since{};  ///< ticks until then
 
   friend auto operator<=>(const Left&, const Left&) = default;
 };
@@ -144,7 +145,7 @@ struct State {
   List* registered();
   Request requestOf(TaskId task) const;
   void setRequest(TaskId task, Request request);
-  void leave(TaskId task, ListId list);  ///< forgets what was noted of it
+  void leave(TaskId task, ListId list, int ticks);  ///< forgets what was noted of it
   /// A call of this type is under way, and may hold references to its tasks.
   bool isHeld(Type type) const;
   bool holds(TaskId task) const;

@@ -54,7 +54,7 @@ void addPlaced(State state, std::size_t index, ListId id, const Knowledge& known
   Operation& add = state.operations[index];
   List* list = state.find(id);
   if (list == nullptr || list->place == Place::gone) {
-    state.leave(add.task, 0);
+    state.leave(add.task, 0, known.ticks);
   } else {
     addPlacedBehind(state, index, id, known, found);
     placeIn(state, *list, add, known);

@@ -15,12 +15,12 @@ bool mustGo(const State& state, const List& list, TaskId task, const Knowledge& 
 }
 
 // The first of the remaining tasks is the current one, as the first observer takes over; an entry without any goes.
-void removeTasks(State& state, List& list, const std::vector<TaskId>& gone) {
+void removeTasks(State& state, List& list, const std::vector<TaskId>& gone, int ticks) {
   for (Entry& entry : list.queue) {
     std::erase_if(entry.tasks, [&](TaskId task) { return std::ranges::find(gone, task) != gone.end(); });
   }
   std::erase_if(list.queue, [](const Entry& entry) { return entry.tasks.empty(); });
-  for (const TaskId task : gone) state.leave(task, list.id);
+  for (const TaskId task : gone) state.leave(task, list.id, ticks);
 }
 
 // What may have left and is not released by now has stayed, unless somebody else holds it.
@@ -113,7 +113,7 @@ void addCleared(State state, std::size_t index, const Knowledge& known, std::vec
   List& list = state.lists[index];
   std::vector<TaskId> gone;
   for (const Entry& entry : list.queue) gone.insert(gone.end(), entry.tasks.begin(), entry.tasks.end());
-  removeTasks(state, list, gone);
+  removeTasks(state, list, gone, known.ticks);
   for (List& other : state.lists) state.unregister(other);
   list.place = Place::gone;
   list.lastTouched.value = known.ticks;
@@ -149,7 +149,7 @@ std::vector<State> runsFrom(const State& state, std::size_t index, const Knowled
       if (((choice >> bit) & 1U) != 0) gone.push_back(held[bit]);
     }
     State resolved = state;
-    removeTasks(resolved, resolved.lists[index], gone);
+    removeTasks(resolved, resolved.lists[index], gone, known.ticks);
     addSelections(resolved, index, known, found);
   }
   return found;
@@ -164,7 +164,7 @@ bool mayHaveLeft(const List& list, TaskId task, const Knowledge& known) {
 void takeDeleted(State& state, std::size_t index, const std::vector<TaskId>& tasks, const Knowledge& known) {
   List& list = state.lists[index];
   for (const TaskId task : tasks) list.turnLow = std::max(list.turnLow, known.facts.deletedFrom(task));
-  removeTasks(state, list, tasks);
+  removeTasks(state, list, tasks, known.ticks);
 }
 
 void addCycleSteps(const State& state, std::size_t list, const Knowledge& known, std::vector<State>& found) {

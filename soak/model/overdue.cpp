@@ -55,11 +55,20 @@ std::string overdueIn(const Operation& operation, int ticks) {
   return std::string(nameOf(operation.what)) + " has not returned";
 }
 
+// A call may hold it as well.
+std::string overdueIn(const Left& left, const State& state, int ticks) {
+  if (!state.operations.empty() || ticks - left.since.value <= kPatience) return {};
+  return "task " + std::to_string(left.task) + " has left its list, and the module has not let go of it";
+}
+
 }  // namespace
 
 std::string overdueIn(const State& state, int ticks) {
   for (const Operation& operation : state.operations) {
     if (auto late = overdueIn(operation, ticks); !late.empty()) return late;
+  }
+  for (const Left& left : state.left) {
+    if (auto late = overdueIn(left, state, ticks); !late.empty()) return late;
   }
   for (const List& list : state.lists) {
     if (auto late = overdueIn(list, ticks); !late.empty()) return late;

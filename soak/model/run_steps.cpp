@@ -20,7 +20,7 @@ void requeue(State state, std::size_t index, const std::vector<TaskId>& once, co
   std::vector<TaskId> stay;
   for (const TaskId task : entry.tasks) {
     if (isOnce(task)) {
-      state.leave(task, list.id);
+      state.leave(task, list.id, known.ticks);
     } else {
       stay.push_back(task);
     }

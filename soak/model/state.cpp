@@ -41,10 +41,10 @@ void State::setRequest(TaskId task, Request request) {
   std::ranges::sort(requests);
 }
 
-void State::leave(TaskId task, ListId list) {
+void State::leave(TaskId task, ListId list, int ticks) {
   setRequest(task, Request::no);
   std::erase(dropped, task);
-  left.push_back({task, list});
+  left.push_back({task, list, {ticks}});
   std::ranges::sort(left);
 }
 
@@ -150,6 +150,9 @@ bool State::absorb(const State& equal) {
     const auto& wakes = equal.lists[index].wakes.value;
     if (list.wakes.value) list.wakes.value = wakes ? std::max(list.wakes.value, wakes) : std::nullopt;
     list.lastTouched.value = std::max(list.lastTouched.value, equal.lists[index].lastTouched.value);
+  }
+  for (std::size_t index = 0; index < left.size(); ++index) {
+    left[index].since.value = std::max(left[index].since.value, equal.left[index].since.value);
   }
   return more;
 }

@@ -250,6 +250,16 @@ TEST_F(PrinterModelFinds, AWakeUpThatDoesNotEndTheWaitHoweverManyTasksCome) {
   refused({.what = What::tick}, "list 1 was woken and does not run its next entry");
 }
 
+TEST_F(PrinterModelFinds, ATaskThatIsNotLetGoOfWhereAWakeUpDoesNotEndTheWait) {
+  add(1, repeating(Type::State, 300'000));
+  unreadState(1);
+  startNpa();
+  setDelete(1);
+  add(2, repeating(Type::State));  // behind task 1, or where the list was tidied in its place
+  ticks(30);
+  refused({.what = What::tick}, "has left its list, and the module has not let go of it");
+}
+
 TEST_F(PrinterModelFinds, NothingOverdueSoonAfterAWakeUpInALongPause) {
   add(1, repeating(Type::State, 300'000));
   unreadState(1);
