@@ -92,6 +92,8 @@ struct CallSight {
   std::wstring_view printer;  ///< uid, empty as in `CallRecord`; for the duration of the watcher's call
   bool ends = false;
   std::optional<int> result;  ///< of one that ends, as in `CallRecord`
+  bool failed = false;        ///< of one that ends: the scenario had it fail
+  bool hung = false;          ///< of one that ends: the scenario had it hang, for a while or until it was released
 };
 using CallWatcher = void (*)(const CallSight& sight);
 

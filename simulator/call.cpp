@@ -10,12 +10,17 @@ namespace {
 
 std::atomic<CallWatcher> g_watcher{nullptr};
 
-void showWatcher(Function function, const Session& session, std::optional<std::size_t> printer, bool ends,
-                 std::optional<int> result = std::nullopt) {
-  const CallWatcher watcher = g_watcher.load();
-  if (watcher == nullptr) return;
+// The sight of a call that begins.
+CallSight sightOf(Function function, const Session& session, std::optional<std::size_t> printer) {
   const std::wstring_view uid = printer ? std::wstring_view(session.scenario.printers[*printer].description.uid) : L"";
-  watcher({rowOf(function).name, uid, ends, result});
+  CallSight sight;
+  sight.function = rowOf(function).name;
+  sight.printer = uid;
+  return sight;
+}
+
+void showWatcher(const CallSight& sight) {
+  if (const CallWatcher watcher = g_watcher.load()) watcher(sight);
 }
 
 std::shared_ptr<Session> sessionOrExit() {
@@ -48,7 +53,7 @@ std::optional<std::size_t> find(Session& session, const Target& target) {
 OpenCall begin(Function function, const Target& target) {
   auto session = sessionOrExit();
   const auto printer = find(*session, target);
-  showWatcher(function, *session, printer, false);
+  showWatcher(sightOf(function, *session, printer));
   return Simulation::instance().begin(std::move(session), function, printer);
 }
 
@@ -77,7 +82,12 @@ Call::~Call() {
 
 void Call::finish(std::optional<int> result) {
   Simulation::instance().end(m_call, result);
-  showWatcher(m_call.function, *m_call.session, m_call.printer, true, result);
+  CallSight sight = sightOf(m_call.function, *m_call.session, m_call.printer);
+  sight.ends = true;
+  sight.result = result;
+  sight.failed = m_call.effects.failure.has_value();
+  sight.hung = m_call.effects.hang.has_value();
+  showWatcher(sight);
 }
 
 std::optional<int> Call::failure() const {

@@ -64,6 +64,8 @@ struct Event {
   std::int32_t value = 0;
   std::string_view function{};  // of static storage
   TaskTraits traits{};
+  bool failed = false;       ///< callEnd: the scenario had it fail; only counted
+  bool hung = false;         ///< callEnd: the scenario had it hang; only counted
   std::uint64_t number = 0;  ///< its place among all events, from 1
   Moment time{};
 };

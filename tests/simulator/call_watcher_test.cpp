@@ -1,5 +1,6 @@
 #include <optional>
 #include <thread>
+#include <utility>
 #include <vector>
 
 #include "Support.h"
@@ -19,11 +20,13 @@ struct Seen {
 
 std::mutex g_mutex;
 std::vector<Seen> g_seen;
+std::vector<std::pair<bool, bool>> g_faults;  // failed, hung
 
 void watch(const CallSight& sight) {
   const std::lock_guard lock(g_mutex);
   g_seen.push_back(
       {std::string(sight.function), std::wstring(sight.printer), sight.ends, sight.result, std::this_thread::get_id()});
+  g_faults.emplace_back(sight.failed, sight.hung);
 }
 
 std::vector<Seen> seen() {
@@ -31,10 +34,16 @@ std::vector<Seen> seen() {
   return g_seen;
 }
 
+std::vector<std::pair<bool, bool>> faults() {
+  const std::lock_guard lock(g_mutex);
+  return g_faults;
+}
+
 class CallWatchers : public SimulatorTest {
  protected:
   CallWatchers() {
     g_seen.clear();
+    g_faults.clear();
     watchCalls(watch);
   }
   ~CallWatchers() override { watchCalls(nullptr); }
@@ -65,6 +74,19 @@ TEST_F(CallWatchers, SeeACallBeginBeforeItWaits) {
   releaseCalls();
   EXPECT_EQ(read.get(), success);
   EXPECT_EQ(seen().size(), 2U);
+}
+
+TEST_F(CallWatchers, SeeWhatTheScenarioDidToACall) {
+  loadScenarioText(onePrinter("", callOf("AppPrinterSdk_GetState", "<fail code='-8'/>") +
+                                      callOf("AppPrinterSdk_IsSuppportPushScan", "<fail/><hang ms='1'/>")));
+  auto info = newPrinterInfo(L"a");
+  AppPrinterSdk_GetState(&info);
+  AppPrinterSdk_IsSuppportPushScan(&info);
+  AppMgr_GetPrintingJob(L"ma");
+
+  const std::vector<std::pair<bool, bool>> expected{{false, false}, {true, false},  {false, false},
+                                                    {true, true},   {false, false}, {false, false}};
+  EXPECT_EQ(faults(), expected);
 }
 
 TEST_F(CallWatchers, SeeNothingOnceTheyAreTakenAway) {
