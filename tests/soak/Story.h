@@ -20,6 +20,13 @@ inline constexpr ThreadId kNewHelper = 11;  // of a later one
 inline constexpr ThreadId kWorker = 20;
 inline constexpr ThreadId kNewWorker = 21;
 
+inline constexpr std::string_view kJobs = "AppMgr_GetPrintingJob";
+inline constexpr std::string_view kRead = "AppPrinterSdk_GetState";
+inline constexpr std::string_view kScan = "AppPrinterSdk_IsSuppportPushScan";
+inline constexpr std::string_view kParameters = "AppPrinterSdk_GetPushScanPara";
+inline constexpr std::string_view kNetwork = "AppPrinterSdk_GetNetWork";
+inline constexpr std::string_view kAlarm = "AppPrinterSdk_IsSuppportSuppliesAlarm";
+
 /// Tells a model what was seen, at times of its own.
 class Story : public testing::Test {
  protected:
@@ -88,6 +95,11 @@ class Story : public testing::Test {
   void notice(TaskId task, bool answer = true) {
     seen(noticeTo(task));
     seen({.what = What::noticeEnd, .thread = m_helper, .task = task, .value = answer ? 1 : 0});
+  }
+  void unreadState(TaskId task) {  // a run of State
+    call(kJobs);
+    call(kScan);
+    notice(task);
   }
   void network(TaskId task) {  // a run of GetNetwork
     call("AppPrinterSdk_GetNetWork");

@@ -5,20 +5,7 @@
 namespace soak::test {
 namespace {
 
-constexpr std::string_view kJobs = "AppMgr_GetPrintingJob";
-constexpr std::string_view kRead = "AppPrinterSdk_GetState";
-constexpr std::string_view kScan = "AppPrinterSdk_IsSuppportPushScan";
-constexpr std::string_view kNetwork = "AppPrinterSdk_GetNetWork";
-constexpr std::string_view kAlarm = "AppPrinterSdk_IsSuppportSuppliesAlarm";
-
-class PrinterModelFinds : public Story {
- protected:
-  void unreadState(TaskId task) {
-    call(kJobs);
-    call(kScan);
-    notice(task);
-  }
-};
+class PrinterModelFinds : public Story {};
 
 TEST_F(PrinterModelFinds, AnEntryThatRunsOutOfTurn) {
   add(1, repeating(Type::GetNetwork));
@@ -231,60 +218,6 @@ TEST_F(PrinterModelFinds, AListThatEndsOneIdleCycleTooEarly) {
   refused(endOf(kHelper), "its ten idle cycles are over no earlier than");
 }
 
-TEST_F(PrinterModelFinds, AWakeUpThatDoesNotEndTheWait) {
-  add(1, repeating(Type::State, 300'000));
-  unreadState(1);
-  startNpa();
-  ticks(30);
-  refused({.what = What::tick}, "list 1 was woken and does not run its next entry");
-}
-
-TEST_F(PrinterModelFinds, AWakeUpThatDoesNotEndTheWaitHoweverManyTasksCome) {
-  add(1, repeating(Type::State, 300'000));
-  unreadState(1);
-  startNpa();
-  for (TaskId task = 2; task < 32; ++task) {
-    add(task, repeating(Type::State));
-    ticks(1);
-  }
-  refused({.what = What::tick}, "list 1 was woken and does not run its next entry");
-}
-
-TEST_F(PrinterModelFinds, ATaskThatIsNotLetGoOfWhereAWakeUpDoesNotEndTheWait) {
-  add(1, repeating(Type::State, 300'000));
-  unreadState(1);
-  startNpa();
-  setDelete(1);
-  add(2, repeating(Type::State));  // behind task 1, or where the list was tidied in its place
-  ticks(30);
-  refused({.what = What::tick}, "has left its list, and the module has not let go of it");
-}
-
-TEST_F(PrinterModelFinds, NothingOverdueSoonAfterAWakeUpInALongPause) {
-  add(1, repeating(Type::State, 300'000));
-  unreadState(1);
-  ticks(200);
-  startNpa();
-  ticks(30);
-}
-
-TEST_F(PrinterModelFinds, AStopThatDoesNotEndTheWait) {
-  add(1, repeating(Type::State, 300'000));
-  unreadState(1);
-  stop();
-  ticks(30);
-  refused({.what = What::tick}, "list 1 was stopped and has not ended");
-}
-
-TEST_F(PrinterModelFinds, NothingOverdueWhereAWakeUpDoesNotEndTheWait) {
-  add(1, repeating(Type::GetNetwork, 60'000));
-  network(1);
-  startNpa();
-  ticks(100);
-  stop();
-  ticks(100);
-}
-
 TEST_F(PrinterModelFinds, AListThatEndsWithTasks) {
   add(1, repeating(Type::GetNetwork));
   network(1);
@@ -342,52 +275,6 @@ TEST_F(PrinterModelFinds, AWorkerThatEndsBeforeItsList) {
   released(1);
   at(50);
   refused(endOf(kWorker), "its ten idle cycles are over no earlier than");
-}
-
-TEST_F(PrinterModelFinds, ARunThatDoesNotCome) {
-  add(1, repeating(Type::GetNetwork, 100));
-  network(1);
-  ticks(31);
-  refused({.what = What::tick}, "list 1 does not go on with its run, nor with anything after it");
-}
-
-TEST_F(PrinterModelFinds, NothingOverdueWhileALibraryCallHangs) {
-  add(1, repeating(Type::GetNetwork, 100));
-  seen(callOf(kNetwork));
-  ticks(600);
-}
-
-TEST_F(PrinterModelFinds, AnEmptyListThatDoesNotEnd) {
-  add(1, once(Type::GetNetwork, 100));
-  network(1);
-  released(1);
-  ticks(31);
-  refused({.what = What::tick}, "list 1 is empty and has not ended");
-}
-
-TEST_F(PrinterModelFinds, NothingOverdueWhereTheMachineStoodStill) {
-  add(1, repeating(Type::GetNetwork, 100));
-  network(1);
-  ticks(1);
-  at(600'000);
-  ticks(1);
-}
-
-TEST_F(PrinterModelFinds, ACallThatDoesNotReturn) {
-  struct Case {
-    What begin;
-    std::string_view text;
-  };
-  constexpr Case cases[] = {{What::addBegin, "Add has not returned"},
-                            {What::stopBegin, "Stop has not returned"},
-                            {What::startBegin, "StartNPA has not returned"},
-                            {What::pauseBegin, "PauseNPA has not returned"}};
-  for (const Case& one : cases) {
-    m_model = std::make_unique<PrinterModel>(PrinterTraits{});
-    seen({.what = one.begin, .thread = kCaller, .task = 1});
-    ticks(30);
-    refused({.what = What::tick}, one.text);
-  }
 }
 
 TEST_F(PrinterModelFinds, ATaskThatIsHeldAtTheEnd) {

@@ -5,19 +5,8 @@
 namespace soak::test {
 namespace {
 
-constexpr std::string_view kJobs = "AppMgr_GetPrintingJob";
-constexpr std::string_view kRead = "AppPrinterSdk_GetState";
-constexpr std::string_view kScan = "AppPrinterSdk_IsSuppportPushScan";
-constexpr std::string_view kParameters = "AppPrinterSdk_GetPushScanPara";
-constexpr std::string_view kNetwork = "AppPrinterSdk_GetNetWork";
-
 class PrinterModelAccepts : public Story {
  protected:
-  void unreadState(TaskId task) {
-    call(kJobs);
-    call(kScan);
-    notice(task);
-  }
   void beginAdd(TaskId task, const TaskTraits& traits) {
     seen({.what = What::addBegin, .thread = kCaller, .task = task, .traits = traits});
   }
