@@ -18,13 +18,15 @@ struct Totals {
   std::uint64_t runs = 0;
   std::uint64_t notices = 0;
   std::uint64_t refusals = 0;  ///< notices that a window answered with no
-  std::uint64_t failures = 0;  ///< library calls that failed
-  std::uint64_t hangs = 0;     ///< library calls that took a second and more
+  std::uint64_t failures = 0;  ///< library calls that the scenario had fail
+  std::uint64_t hangs = 0;     ///< library calls that it had hang
+  std::uint64_t setAside = 0;  ///< printers that the model could not follow to the end
   std::size_t mostStates = 0;
+  int differences = 0;
 };
 
-/// Told of the first difference at once, on the checker's thread, and at the end on the thread that calls `finish`. It ends the
-/// process: the module may be in any state, and nothing of it is waited for.
+/// Told of the first difference, or that too many printers cannot be followed: at once, on the checker's thread, and at the end
+/// on the thread that calls `finish`. It ends the process: the module may be in any state, and nothing of it is waited for.
 using OnDifference = std::function<void(const std::string& text, const Totals& totals)>;
 
 /// Compares what is recorded with the model, while it is recorded.
@@ -50,11 +52,11 @@ class Checker {
   void see(const Event& event);
   void show(PrinterId printer, const Event& event);
   void count(const Event& event);
+  void setAside(PrinterId printer);
   void fail(PrinterId printer, const std::string& text);
 
   std::vector<std::unique_ptr<PrinterModel>> m_models;
-  std::vector<std::atomic<bool>> m_unclear;        // by printer
-  std::vector<std::optional<Moment>> m_callBegan;  // by thread
+  std::vector<std::atomic<bool>> m_unclear;  // by printer
   Totals m_totals;
   const OnDifference m_onDifference;
   std::atomic<bool> m_ending{false};

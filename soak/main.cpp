@@ -21,11 +21,12 @@ void print(const std::string& text) {
   std::fflush(stdout);
 }
 
-std::string lastLine(const soak::Options& options, const soak::Totals& totals, int differences) {
+std::string lastLine(const soak::Options& options, const soak::Totals& totals) {
   return "printers " + std::to_string(options.printers) + ", runs " + std::to_string(totals.runs) + ", notices " +
          std::to_string(totals.notices) + ", faults " + std::to_string(totals.failures + totals.hangs + totals.refusals) +
          " (failed calls " + std::to_string(totals.failures) + ", hangs " + std::to_string(totals.hangs) +
-         ", refused notices " + std::to_string(totals.refusals) + "), differences " + std::to_string(differences) + "\n";
+         ", refused notices " + std::to_string(totals.refusals) + "), differences " + std::to_string(totals.differences) +
+         (totals.setAside == 0 ? "" : ", not decided " + std::to_string(totals.setAside) + " printers") + "\n";
 }
 
 std::string repeatLine(const soak::Options& options) {
@@ -35,7 +36,7 @@ std::string repeatLine(const soak::Options& options) {
 
 // Threads of the module may still be at work after a difference: nothing is destroyed under them.
 [[noreturn]] void endWith(const soak::Options& options, const std::string& difference, const soak::Totals& totals) {
-  print(difference + repeatLine(options) + lastLine(options, totals, 1));
+  print(difference + repeatLine(options) + lastLine(options, totals));
   std::_Exit(1);
 }
 
@@ -47,11 +48,14 @@ int run(const soak::Options& options) {
   // What the platform and the libraries make once is there from now on.
   soak::runSoak(options.seed, options.printers, 1s, onDifference);
   const auto before = soak::Resources::now();
-  const auto totals = soak::runSoak(options.seed, options.printers, options.length, onDifference);
-  if (const auto left = soak::leftOver(before)) endWith(options, *left, totals);
+  auto totals = soak::runSoak(options.seed, options.printers, options.length, onDifference);
+  if (const auto left = soak::leftOver(before)) {
+    ++totals.differences;
+    endWith(options, *left, totals);
+  }
   print("before: " + textOf(before) + "; after: " + textOf(soak::Resources::now()) + "; events " +
         std::to_string(totals.events) + ", most states of one printer " + std::to_string(totals.mostStates) + "\n" +
-        lastLine(options, totals, 0));
+        lastLine(options, totals));
   return 0;
 }
 

@@ -25,7 +25,9 @@ void watchCall(const simulator::CallSight& sight) {
   recorder.record({.what = sight.ends ? What::callEnd : What::callBegin,
                    .printer = printer,
                    .value = sight.result.value_or(0),
-                   .function = sight.function});
+                   .function = sight.function,
+                   .failed = sight.failed,
+                   .hung = sight.hung});
 }
 
 std::vector<PrinterTraits> traitsOf(const std::vector<PrinterPlan>& printers) {
@@ -65,6 +67,7 @@ Totals runSoak(std::uint64_t seed, int printers, std::chrono::seconds length, co
     }
     checker.finish();
     totals = checker.totals();
+    if (!rests) ++totals.differences;
     if (!rests) onDifference("the module's threads have not ended\n", totals);
   }
   simulator::watchCalls(nullptr);

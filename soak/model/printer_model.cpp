@@ -11,7 +11,6 @@ namespace soak {
 namespace {
 
 constexpr std::size_t kRemembered = 60;
-constexpr std::size_t kMostVisited = 20'000;
 constexpr std::size_t kFew = 3;
 constexpr std::size_t kMostTold = 6;
 
@@ -59,7 +58,7 @@ std::vector<State> withoutFollowers(StateSet& states, const Knowledge& known) {
 
 }  // namespace
 
-PrinterModel::PrinterModel(const PrinterTraits& printer) : m_printer(printer) {}
+PrinterModel::PrinterModel(const PrinterTraits& printer, std::size_t mostWays) : m_printer(printer), m_mostWays(mostWays) {}
 
 // From each state, unseen steps are taken until the event is explained, and none after that, unless they lead to another run
 // that explains it as well.
@@ -81,7 +80,7 @@ std::vector<State> PrinterModel::explained(const Event& event, std::vector<std::
       next.simplify();
       if (visited.insert(next)) open.push_back(std::move(next));
     }
-    if (visited.size() > kMostVisited) throw TooManyWays("more than " + std::to_string(kMostVisited) + " states");
+    if (visited.size() > m_mostWays) throw TooManyWays("more than " + std::to_string(m_mostWays) + " states");
   }
   return withoutFollowers(found, known);
 }
@@ -90,22 +89,30 @@ std::optional<std::string> PrinterModel::see(const Event& event) {
   if (event.what == What::tick) return overdue(event);
   remember(event);
   m_facts.note(event);
-  if (isOfFlags(event.what)) return std::nullopt;
+  if (auto found = follow(event)) return found;
+  if (event.what == What::released) m_facts.forget(event.task);
+  return std::nullopt;
+}
+
+std::optional<std::string> PrinterModel::follow(const Event& event) {
+  if (m_setAside || isOfFlags(event.what)) return std::nullopt;
   try {
     auto next = explained(event, nullptr);
     if (next.empty()) return difference(event);
     m_states = std::move(next);
-  } catch (const TooManyWays& reason) {
-    return "the model cannot follow this printer any more (" + std::string(reason.what()) + ")\n" + difference(event);
+  } catch (const TooManyWays&) {
+    m_setAside = true;
+    m_states = {State{}};
+    return std::nullopt;
   }
   m_mostStates = std::max(m_mostStates, m_states.size());
   countRun(event);
-  if (event.what == What::released) m_facts.forget(event.task);
   return std::nullopt;
 }
 
 std::optional<std::string> PrinterModel::overdue(const Event& event) {
   ++m_ticks;
+  if (m_setAside) return std::nullopt;
   const auto why = [&](const State& state) { return overdueIn(state, m_ticks); };
   std::set<std::string> reasons;
   for (const State& state : m_states) reasons.insert(why(state));
@@ -118,13 +125,11 @@ std::optional<std::string> PrinterModel::overdue(const Event& event) {
   return text + situation(event);
 }
 
-std::optional<std::string> PrinterModel::atRest(Moment now) const {
+std::optional<std::string> PrinterModel::atRest(Moment now) {
   std::string unreleased;
   for (const TaskId task : m_facts.known()) unreleased += " " + std::to_string(task);
   if (!unreleased.empty()) return "the module has not let go of these tasks:" + unreleased + "\n";
-  const Event end{.what = What::tick, .time = now};
-  if (!explained(end, nullptr).empty()) return std::nullopt;
-  return difference(end);
+  return follow({.what = What::tick, .time = now});
 }
 
 std::string PrinterModel::difference(const Event& event) const {
