@@ -28,6 +28,9 @@ struct PrinterPlans {
 inline bool stopsAtEnd(std::uint64_t seed) { return seed % 2 == 0; }
 /// In half of the soaks `Stop` comes seldom, so that lists live long, and lists are emptied often.
 inline bool stopsSeldom(std::uint64_t seed) { return seed % 4 >= 2; }
+/// In a quarter of them a few printers pause for minutes, and `Stop` comes at the end alone: beside it an old worker may take a
+/// newer list out of the registry, which then waits where nothing wakes it, and would outlive the soak.
+inline bool hasLongPauses(std::uint64_t seed) { return seed % 4 == 2; }
 
 /// Faults come all through `length`.
 PrinterPlans planPrinters(std::uint64_t seed, int count, std::chrono::seconds length);

@@ -63,7 +63,8 @@ void Callers::work(std::uint64_t number) {
 
 void Callers::act(Random& random) {
   const int betweenStops = stopsSeldom(m_seed) ? kBetweenSeldomStops : kBetweenStops;
-  if (random.between(1, kActions * betweenStops * static_cast<int>(m_printers.size())) == 1) return stopAll();
+  const bool stops = random.between(1, kActions * betweenStops * static_cast<int>(m_printers.size())) == 1;
+  if (stops && !hasLongPauses(m_seed)) return stopAll();
   const PrinterId place = choosePrinter(random);
   std::atomic<int>& actions = m_printers[place]->actions;
   if (actions.fetch_add(1) < kMostAtOnce && !m_checker.isUnclear(place)) actOn(place, random);

@@ -109,7 +109,7 @@ PrinterPlans planPrinters(std::uint64_t seed, int count, std::chrono::seconds le
     plan.managerId = L"m" + std::to_wstring(place);
     plan.traits = {.network = random.chance(50), .ctrlPort = random.chance(50)};
     plan.interval = drawInterval(random, milliseconds);
-    if (stopsAtEnd(seed) && random.chance(8)) pauseLong(plan);
+    if (hasLongPauses(seed) && random.chance(8)) pauseLong(plan);
     plans.scenario += printerElement(random, plan, milliseconds, count);
     plans.printers.push_back(std::move(plan));
   }
