@@ -89,13 +89,19 @@ Next afterExit(const Progress& at, const Surroundings& in) {
   return {.round = true, .done = in.mayBeDeleted};
 }
 
+// Before it asks how far its job is, an operation looks whether its task is deleted.
+Next poll(const Surroundings& in, std::string_view progress, std::string_view exit) {
+  if (in.isDeleted) return call(exit);
+  return in.mayBeDeleted ? calls({progress, exit}) : call(progress);
+}
+
 Next transferNext(const Progress& at, const Surroundings& in) {
   constexpr std::string_view start = "AppPrinterSdk_UpgradeFwStart", progress = "AppPrinterSdk_UpgradeFwProgress",
                              exit = "AppPrinterSdk_UpgradeFwExit";
   if (at.exited) return afterExit(at, in);
   if (at.function.empty()) return call(start);
   if (at.function == progress && !at.afterRound) return at.result == 0 ? round() : call(exit);
-  return calls({progress, exit});
+  return in.isDeleted ? call(exit) : calls({progress, exit});
 }
 
 Next watchNext(const Progress& at, const Surroundings& in) {
@@ -119,9 +125,7 @@ Next searchNext(const Progress& at, const Surroundings& in) {
   if (at.exited) return afterExit(at, in);
   if (at.function == result) return call(exit);
   if (at.function == progress && !at.afterRound) return {.calls = {result}, .round = true};
-  Next next = in.isDeleted ? call(exit) : call(progress);
-  if (in.mayBeDeleted) next.calls[1] = exit;
-  return next;
+  return poll(in, progress, exit);
 }
 
 Next joinNext(const Progress& at, const Surroundings& in) {
@@ -130,9 +134,7 @@ Next joinNext(const Progress& at, const Surroundings& in) {
   if (at.function.empty()) return call(start);
   if (at.exited) return afterExit(at, in);
   if (at.function == progress && !at.afterRound) return {.calls = {exit}, .round = true};
-  Next next = in.isDeleted ? call(exit) : call(progress);
-  if (in.mayBeDeleted) next.calls[1] = exit;
-  return next;
+  return poll(in, progress, exit);
 }
 
 Next pushScanNext(const Progress& at) {
