@@ -1,5 +1,7 @@
 #pragma once
 
+#include <array>
+#include <cstdint>
 #include <optional>
 #include <string_view>
 
@@ -12,6 +14,9 @@ struct Target {
   const std::wstring qzstd::PrinterInfo::*key = nullptr;
   std::optional<std::wstring_view> value;
   std::optional<JobKind> job;
+  /// What the call may fill to tell how far a job is, for who watches.
+  std::array<const std::int32_t*, 2> counts{};
+  const bool* flag = nullptr;
 };
 
 /// @name Targets
@@ -26,6 +31,16 @@ inline Target ofThread(JobKind kind) { return {nullptr, std::nullopt, kind}; }
 template <typename... Value>
 Target with(Target target, const Value*... values) {
   return ((values != nullptr) && ...) ? target : Target{};
+}
+
+/// The target of a call that fills these.
+inline Target telling(Target target, const std::int32_t* count, const std::int32_t* second = nullptr) {
+  target.counts = {count, second};
+  return target;
+}
+inline Target telling(Target target, const bool* flag) {
+  target.flag = flag;
+  return target;
 }
 /// @}
 

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <array>
 #include <chrono>
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <optional>
 #include <stdexcept>
@@ -94,6 +96,8 @@ struct CallSight {
   std::optional<int> result;  ///< of one that ends, as in `CallRecord`
   bool failed = false;        ///< of one that ends: the scenario had it fail
   bool hung = false;          ///< of one that ends: the scenario had it hang, for a while or until it was released
+  /// Of one that ends, and that tells how far a job is: what is now in the counts and the flag that it was given to fill.
+  std::array<std::int32_t, 2> told{};
 };
 using CallWatcher = void (*)(const CallSight& sight);
 

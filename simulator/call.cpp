@@ -10,6 +10,14 @@ namespace {
 
 std::atomic<CallWatcher> g_watcher{nullptr};
 
+std::array<std::int32_t, 2> toldBy(const Target& target) {
+  std::array<std::int32_t, 2> told{};
+  const auto valueOf = [](const std::int32_t* count) { return count == nullptr ? 0 : *count; };
+  std::ranges::transform(target.counts, told.begin(), valueOf);
+  if (target.flag != nullptr) told[0] = *target.flag ? 1 : 0;
+  return told;
+}
+
 // The sight of a call that begins.
 CallSight sightOf(Function function, const Session& session, std::optional<std::size_t> printer) {
   const std::wstring_view uid = printer ? std::wstring_view(session.scenario.printers[*printer].description.uid) : L"";
@@ -85,6 +93,7 @@ void Call::finish(std::optional<int> result) {
   CallSight sight = sightOf(m_call.function, *m_call.session, m_call.printer);
   sight.ends = true;
   sight.result = result;
+  sight.told = toldBy(m_target);
   sight.failed = m_call.effects.failure.has_value();
   sight.hung = m_call.effects.hang.has_value();
   showWatcher(sight);

@@ -25,7 +25,8 @@ int upgradeFwStart(const qzstd::PrinterInfo* printer, const std::wstring* firmwa
 }
 
 int upgradeFwProgress(std::int32_t* current, std::int32_t* total) {
-  return answer(Function::upgradeFwProgress, with(ofThread(JobKind::transfer), current, total), [=](const Call& call) {
+  const Target target = telling(with(ofThread(JobKind::transfer), current, total), current, total);
+  return answer(Function::upgradeFwProgress, target, [=](const Call& call) {
     const Firmware& firmware = call.printer().firmware;
     const std::int32_t sent = sentAfter(firmware, call.job().age);
     if (call.garbage()) {

@@ -44,7 +44,8 @@ bool triggerFwUpgradeStart(const qzstd::PrinterInfo* printer) {
 }
 
 bool triggerFwUpgradeProcess(bool* done) {
-  return answerYesNo(Function::triggerFwUpgradeProcess, with(ofThread(JobKind::upgradeCheck), done), [done](const Call& call) {
+  const Target target = telling(with(ofThread(JobKind::upgradeCheck), done), done);
+  return answerYesNo(Function::triggerFwUpgradeProcess, target, [done](const Call& call) {
     if (call.garbage()) {
       *done = !finished(call);
     } else if (finished(call)) {
@@ -55,7 +56,7 @@ bool triggerFwUpgradeProcess(bool* done) {
 }
 
 bool triggerFwUpgradeResult(bool* ok, std::wstring* fourTexts) {
-  const Target target = with(ofThread(JobKind::upgradeCheck), ok, fourTexts);
+  const Target target = telling(with(ofThread(JobKind::upgradeCheck), ok, fourTexts), ok);
   return answerYesNo(Function::triggerFwUpgradeResult, target, [=](const Call& call) {
     if (call.garbage()) {
       *ok = true;

@@ -51,7 +51,8 @@ Job joinOf(const AppMgr::WifiNetwork* network, const Wifi& wifi) {
 }  // namespace
 
 int getPrinterWifiStart(const qzstd::PrinterInfo* printer, std::int32_t* total) {
-  return answer(Function::getPrinterWifiStart, with(byManagerId(printer), total), [total](const Call& call) {
+  const Target target = telling(with(byManagerId(printer), total), total);
+  return answer(Function::getPrinterWifiStart, target, [total](const Call& call) {
     call.startJob(JobKind::wifiList);
     *total = call.garbage() ? garbage::segmentTotal(call.number()) : call.printer().wifi.segments;
     return success;
@@ -59,7 +60,8 @@ int getPrinterWifiStart(const qzstd::PrinterInfo* printer, std::int32_t* total) 
 }
 
 int getPrinterWifiProgress(std::int32_t* segment) {
-  return answer(Function::getPrinterWifiProgress, with(ofThread(JobKind::wifiList), segment), [segment](const Call& call) {
+  const Target target = telling(with(ofThread(JobKind::wifiList), segment), segment);
+  return answer(Function::getPrinterWifiProgress, target, [segment](const Call& call) {
     *segment = call.garbage() ? garbage::segment(call.number()) : segmentsSeen(call);
     return success;
   });
@@ -81,7 +83,8 @@ void getPrinterWifiExit() {
 }
 
 int printerWifiConfigStart(const qzstd::PrinterInfo* printer, const AppMgr::WifiNetwork* network, std::int32_t* total) {
-  return answer(Function::printerWifiConfigStart, with(byManagerId(printer), total), [=](const Call& call) {
+  const Target target = telling(with(byManagerId(printer), total), total);
+  return answer(Function::printerWifiConfigStart, target, [=](const Call& call) {
     Job join = joinOf(network, call.printer().wifi);
     *total = call.garbage() ? garbage::segmentTotal(call.number()) : join.segments;
     call.startJob(JobKind::wifiJoin, std::move(join));
@@ -90,7 +93,8 @@ int printerWifiConfigStart(const qzstd::PrinterInfo* printer, const AppMgr::Wifi
 }
 
 int printerWifiConfigProgress(std::int32_t* segment) {
-  return answer(Function::printerWifiConfigProgress, with(ofThread(JobKind::wifiJoin), segment), [segment](const Call& call) {
+  const Target target = telling(with(ofThread(JobKind::wifiJoin), segment), segment);
+  return answer(Function::printerWifiConfigProgress, target, [segment](const Call& call) {
     if (call.garbage()) {
       *segment = garbage::segment(call.number());
       return success;

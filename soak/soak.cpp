@@ -26,6 +26,7 @@ void watchCall(const simulator::CallSight& sight) {
                    .printer = printer,
                    .value = sight.result.value_or(0),
                    .function = sight.function,
+                   .told = sight.told,
                    .failed = sight.failed,
                    .hung = sight.hung});
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <chrono>
 #include <cstdint>
 #include <string_view>
@@ -63,6 +64,8 @@ struct Event {
   TaskId task = 0;
   std::int32_t value = 0;
   std::string_view function{};  // of static storage
+  /// callEnd: what is then in the counts and the flag by which a function tells how far a job is.
+  std::array<std::int32_t, 2> told{};
   TaskTraits traits{};
   bool failed = false;       ///< callEnd: the scenario had it fail; only counted
   bool hung = false;         ///< callEnd: the scenario had it hang; only counted

@@ -1,4 +1,7 @@
+#include <array>
+#include <map>
 #include <optional>
+#include <string>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -14,6 +17,7 @@ struct Seen {
   bool ends = false;
   std::optional<int> result;
   std::thread::id thread;
+  std::array<std::int32_t, 2> told{};
 
   friend bool operator==(const Seen&, const Seen&) = default;
 };
@@ -24,8 +28,8 @@ std::vector<std::pair<bool, bool>> g_faults;  // failed, hung
 
 void watch(const CallSight& sight) {
   const std::lock_guard lock(g_mutex);
-  g_seen.push_back(
-      {std::string(sight.function), std::wstring(sight.printer), sight.ends, sight.result, std::this_thread::get_id()});
+  g_seen.push_back({std::string(sight.function), std::wstring(sight.printer), sight.ends, sight.result,
+                    std::this_thread::get_id(), sight.told});
   g_faults.emplace_back(sight.failed, sight.hung);
 }
 
@@ -87,6 +91,43 @@ TEST_F(CallWatchers, SeeWhatTheScenarioDidToACall) {
   const std::vector<std::pair<bool, bool>> expected{{false, false}, {true, false},  {false, false},
                                                     {true, true},   {false, false}, {false, false}};
   EXPECT_EQ(faults(), expected);
+}
+
+TEST_F(CallWatchers, SeeHowFarAJobIs) {
+  holdTime();
+  loadScenarioText(onePrinter("",
+                              "<firmware size='1000' rate='250'/><wifi segments='5' segment-time='100'/>"
+                              "<upgrade-service check-time='50'/>"));
+  auto info = newPrinterInfo(L"a");
+  std::wstring firmware;
+  std::int32_t current = 0;
+  std::int32_t total = 0;
+  bool done = false;
+  AppPrinterSdk_UpgradeFwStart(&info, &firmware);
+  AppMgr_GetPrinterWifiStart(&info, &total);
+  AppSdk_TriggerFwUpgradeStart(&info);
+  advanceTime(2000ms);
+  AppPrinterSdk_UpgradeFwProgress(&current, &total);
+  AppMgr_GetPrinterWifiProgress(&current);
+  AppSdk_TriggerFwUpgradeProcess(&done);
+
+  std::map<std::string, std::array<std::int32_t, 2>> told;
+  for (const Seen& call : seen()) {
+    EXPECT_TRUE(call.ends || call.told == (std::array{0, 0})) << call.function;
+    told[call.function] = call.told;
+  }
+  const decltype(told) expected{{"AppPrinterSdk_UpgradeFwStart", {0, 0}},  {"AppMgr_GetPrinterWifiStart", {5, 0}},
+                                {"AppSdk_TriggerFwUpgradeStart", {0, 0}},  {"AppPrinterSdk_UpgradeFwProgress", {500, 1000}},
+                                {"AppMgr_GetPrinterWifiProgress", {5, 0}}, {"AppSdk_TriggerFwUpgradeProcess", {1, 0}}};
+  EXPECT_EQ(told, expected);
+}
+
+TEST_F(CallWatchers, SeeWhatAFailedCallHasLeftAsItWas) {
+  loadScenarioText(withCall("AppPrinterSdk_UpgradeFwProgress", "<fail code='-8'/>"));
+  std::int32_t current = 3;
+  AppPrinterSdk_UpgradeFwProgress(&current, nullptr);
+  ASSERT_EQ(seen().size(), 2U);
+  EXPECT_EQ(seen().back().told, (std::array{3, 0}));
 }
 
 TEST_F(CallWatchers, SeeNothingOnceTheyAreTakenAway) {
