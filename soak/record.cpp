@@ -1,5 +1,6 @@
 #include "Record.h"
 
+#include <array>
 #include <chrono>
 #include <memory>
 #include <thread>
@@ -32,12 +33,11 @@ class Telltale {
   bool m_slow;
 };
 
-// With the silent mode among them there would be pauses of a second.
-std::shared_ptr<AppComm::DevParam> drawParameters(Random& random) {
+std::shared_ptr<AppComm::DevParam> parameters(const Selection& selected) {
   auto record = std::make_shared<AppComm::DevParam>();
-  record->sleepTimeOk = random.chance(50);
-  record->timedClearOk = random.chance(50);
-  record->silentModeOk = random.chance(5);
+  const std::array flags{&AppComm::DevParam::sleepTimeOk, &AppComm::DevParam::supplyAlarmOk, &AppComm::DevParam::paperAlarmOk,
+                         &AppComm::DevParam::timedClearOk, &AppComm::DevParam::silentModeOk};
+  for (std::size_t one = 0; one < flags.size(); ++one) (*record).*flags[one] = selected[one];
   return record;
 }
 
@@ -52,6 +52,11 @@ std::shared_ptr<AppComm::WIFI> drawNetwork(Random& random) {
 }
 
 }  // namespace
+
+// The alarms and the silent mode are seldom among them: each may bring a pause of a second.
+Selection drawSelection(Random& random) {
+  return {random.chance(50), random.chance(8), random.chance(8), random.chance(50), random.chance(5)};
+}
 
 std::any drawRecord(Random& random, const TaskTraits& traits, PrinterId printer, TaskId code, bool slow) {
   if (traits.wrongRecord) return Telltale(printer, code, slow);
@@ -82,7 +87,7 @@ std::any drawRecord(Random& random, const TaskTraits& traits, PrinterId printer,
     case Type::SetWifiList:
       return drawNetwork(random);
     default:
-      return drawParameters(random);
+      return parameters(traits.selected);
   }
 }
 

@@ -42,6 +42,7 @@ TaskTraits drawTraits(Random& random, const PrinterPlan& plan) {
   traits.once = takesLong(traits.type) || !random.chance(traits.type == Type::State ? 70 : 35);
   traits.wrongRecord = traits.type != Type::GetAlarm && !plan.pausesLong && random.chance(6);
   traits.npaRequested = random.chance(20);
+  traits.selected = drawSelection(random);
   return traits;
 }
 

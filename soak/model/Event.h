@@ -19,6 +19,9 @@ using PrinterId = std::uint32_t;  ///< the printer's place in the scenario
 
 inline constexpr PrinterId kEveryPrinter = UINT32_MAX;
 
+/// The parameters that a `GetDevParam` may read: sleep time, supplies alarm, paper alarm, timed clear, silent mode.
+using Selection = std::array<bool, 5>;
+
 enum class What : std::uint8_t {
   addBegin,  ///< carries the task's traits
   addEnd,
@@ -50,6 +53,7 @@ struct TaskTraits {
   bool once = true;
   bool wrongRecord = false;
   bool npaRequested = false;
+  Selection selected{};  ///< by the record of a `GetDevParam`
 };
 
 struct PrinterTraits {

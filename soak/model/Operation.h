@@ -11,6 +11,19 @@
 /// What one run of an operation may show: which library calls, in which order, and when the windows are told.
 namespace soak {
 
+/// What a task's record says, as far as later steps go by it, also those of later runs.
+struct RecordFields {
+  Selection selected{};    ///< of a `GetDevParam`: a read that fails takes its parameter out
+  bool triggered = false;  ///< of a `FirmNewCheck`, as the next two
+  bool ok = false;
+  bool done = false;
+
+  friend auto operator<=>(const RecordFields&, const RecordFields&) = default;
+};
+
+/// As the application made it.
+RecordFields newRecord(const TaskTraits& task);
+
 /// How far a run has come.
 struct Progress {
   std::string_view function{};  ///< the last library function, empty before the first
@@ -20,6 +33,7 @@ struct Progress {
   bool exited = false;          ///< the job is over; one more round of notices at most
   bool refused = false;         ///< the record was of another type
   enum class Npa : std::uint8_t { unread, no, yes } npa = Npa::unread;
+  RecordFields record{};
 
   friend auto operator<=>(const Progress&, const Progress&) = default;
 };
@@ -45,6 +59,9 @@ struct Next {
 };
 
 Next nextOf(const Progress& at, const Surroundings& in);
+
+/// The library function has returned.
+void noteReturn(Progress& at, Type type, const Event& event);
 
 /// Whether the operation also looks at the observers' records.
 bool sharesRecords(Type type);

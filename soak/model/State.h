@@ -133,8 +133,9 @@ struct State {
   std::vector<List> lists;            // in the order in which they were made
   std::vector<Operation> operations;  // in the order in which they began
   std::vector<Left> left;
-  std::vector<TaskId> dropped;                       // marked by a push-scan run; sorted
-  std::vector<std::pair<TaskId, Request>> requests;  // state tasks whose NPA request is not `no`; sorted
+  std::vector<TaskId> dropped;                           // marked by a push-scan run; sorted
+  std::vector<std::pair<TaskId, Request>> requests;      // state tasks whose NPA request is not `no`; sorted
+  std::vector<std::pair<TaskId, RecordFields>> records;  // those that a run has changed; sorted
 
   friend auto operator<=>(const State&, const State&) = default;
 
@@ -145,6 +146,8 @@ struct State {
   List* registered();
   Request requestOf(TaskId task) const;
   void setRequest(TaskId task, Request request);
+  std::optional<RecordFields> recordOf(TaskId task) const;  ///< none where no run has changed it
+  void setRecord(TaskId task, const RecordFields& record);
   void leave(TaskId task, ListId list, int ticks);  ///< forgets what was noted of it
   /// A call of this type is under way, and may hold references to its tasks.
   bool isHeld(Type type) const;

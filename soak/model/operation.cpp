@@ -8,6 +8,17 @@ namespace {
 
 using Npa = Progress::Npa;
 
+// In the order in which they are read.
+constexpr std::array<std::string_view, std::tuple_size_v<Selection>> kGetters{
+    "AppPrinterSdk_GetSleepTime", "AppPrinterSdk_GetSuppliesAlarm", "AppPrinterSdk_GetPaperAlarm",
+    "AppPrinterSdk_GetTimedClear", "AppPrinterSdk_GetSilentMode"};
+
+constexpr std::array<std::string_view, 3> kExits{"AppPrinterSdk_UpgradeFwExit", "AppMgr_GetPrinterWifiExit",
+                                                 "AppMgr_PrinterWifiConfigExit"};
+
+constexpr std::string_view kCheckStart = "AppSdk_TriggerFwUpgradeStart", kCheckProcess = "AppSdk_TriggerFwUpgradeProcess",
+                           kCheckResult = "AppSdk_TriggerFwUpgradeResult";
+
 constexpr std::array<std::string_view, 22> kNames{
     "State",         "GetAlarm",      "GetDevParam", "SetSupplyAlarm", "SetSleepTime", "SetPaperAlarm",
     "SetSilentMode", "SetTimedClear", "GetPushscan", "RegPushscan",    "RegUpgrade",   "PrintAdjust",
@@ -47,16 +58,16 @@ Next alarmNext(const Progress& at) {
   return supported ? call("AppPrinterSdk_GetSuppliesAlarm") : done();
 }
 
-// Which of them are selected is between the application and its record.
+std::size_t getterOf(std::string_view function) {
+  return static_cast<std::size_t>(std::ranges::find(kGetters, function) - kGetters.begin());
+}
+
 Next parametersNext(const Progress& at) {
-  constexpr std::array<std::string_view, 5> getters{"AppPrinterSdk_GetSleepTime", "AppPrinterSdk_GetSuppliesAlarm",
-                                                    "AppPrinterSdk_GetPaperAlarm", "AppPrinterSdk_GetTimedClear",
-                                                    "AppPrinterSdk_GetSilentMode"};
   if (at.afterRound) return done();
-  Next next = round();
-  const auto last = std::ranges::find(getters, at.function);
-  std::copy(last == getters.end() ? getters.begin() : last + 1, getters.end(), next.calls.begin());
-  return next;
+  for (std::size_t one = at.function.empty() ? 0 : getterOf(at.function) + 1; one < kGetters.size(); ++one) {
+    if (at.record.selected[one]) return call(kGetters[one]);
+  }
+  return round();
 }
 
 // Operations that change the printer ask it first.
@@ -73,14 +84,12 @@ Next oneCallNext(const Progress& at, std::string_view function, const Next& afte
   return at.function.empty() ? call(function) : after;
 }
 
+// One step in each run: a start or process call that fails was the record's last.
 Next checkNext(const Progress& at) {
-  constexpr std::string_view start = "AppSdk_TriggerFwUpgradeStart", process = "AppSdk_TriggerFwUpgradeProcess",
-                             result = "AppSdk_TriggerFwUpgradeResult";
-  if (at.afterRound) return done();
-  if (at.function == result) return round();
-  Next next = at.function.empty() ? calls({start, process}) : call(result);
-  next.round = true;
-  return next;
+  if (at.afterRound || at.function == kCheckResult) return at.afterRound ? done() : round();
+  if (at.function.empty() && !at.record.triggered) return call(kCheckStart);
+  if (at.function.empty()) return at.record.ok ? call(kCheckProcess) : round();
+  return at.record.ok && at.record.done ? call(kCheckResult) : round();
 }
 
 // The last notice of a long job is left out once the task is deleted.
@@ -143,6 +152,12 @@ Next pushScanNext(const Progress& at) {
   return done();
 }
 
+void noteChecked(RecordFields& record, const Event& event) {
+  record.triggered = true;
+  record.ok = (event.function == kCheckResult ? event.told[0] : event.value) != 0;
+  if (event.function == kCheckProcess) record.done = event.told[0] != 0;
+}
+
 Next operationNext(const Progress& at, const Surroundings& in) {
   switch (in.task.type) {
     case Type::State:
@@ -195,6 +210,8 @@ Next operationNext(const Progress& at, const Surroundings& in) {
 
 }  // namespace
 
+RecordFields newRecord(const TaskTraits& task) { return {.selected = task.selected}; }
+
 bool Next::calling(std::string_view function) const {
   return !function.empty() && std::ranges::find(calls, function) != calls.end();
 }
@@ -203,6 +220,14 @@ Next nextOf(const Progress& at, const Surroundings& in) {
   if (at.refused) return done();
   if (in.task.wrongRecord && in.task.type != Type::GetAlarm) return {.ownRecord = true};
   return operationNext(at, in);
+}
+
+void noteReturn(Progress& at, Type type, const Event& event) {
+  at.result = event.value;
+  if (event.function == "AppMgr_GetPrintingJob") at.jobs = event.value;
+  if (std::ranges::find(kExits, event.function) != kExits.end()) at.exited = true;
+  if (type == Type::GetDevParam) at.record.selected.at(getterOf(event.function)) = event.value == 0;
+  if (type == Type::FirmNewCheck) noteChecked(at.record, event);
 }
 
 bool sharesRecords(Type type) { return type == Type::State || type == Type::RegPushscan || type == Type::RegUpgrade; }

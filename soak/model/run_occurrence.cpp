@@ -8,9 +8,6 @@
 namespace soak {
 namespace {
 
-constexpr std::string_view kExits[] = {"AppPrinterSdk_UpgradeFwExit", "AppMgr_GetPrinterWifiExit",
-                                       "AppMgr_PrinterWifiConfigExit"};
-
 // True when the run goes on with this call.
 bool beginCall(Run& run, const Event& event, const Next& next) {
   if (run.phase != Run::Phase::choice || !next.calling(event.function)) return false;
@@ -22,11 +19,9 @@ bool beginCall(Run& run, const Event& event, const Next& next) {
 
 bool endCall(Run& run, const Event& event, Type type) {
   if (run.phase != Run::Phase::calling || run.at.function != event.function) return false;
-  run.at.result = event.value;
   run.phase = Run::Phase::choice;
-  if (event.function == "AppMgr_GetPrintingJob") run.at.jobs = event.value;
+  noteReturn(run.at, type, event);
   if (type == Type::State && event.function == "AppPrinterSdk_GetState") run.keepsNpa = true;
-  if (std::ranges::find(kExits, event.function) != std::end(kExits)) run.at.exited = true;
   return true;
 }
 
@@ -109,6 +104,8 @@ Explained beginRun(State state, std::size_t index, const Event& event, const Kno
   boundStampsByTurn(list, event.time);
   list.thread = event.thread;
   list.run.begin = event.number;
+  const TaskId current = list.queue.front().tasks.front();
+  list.run.at.record = state.recordOf(current).value_or(newRecord(known.facts.traitsOf(current)));
   return continueRun(std::move(state), index, event, known);
 }
 

@@ -9,12 +9,19 @@
 namespace soak {
 namespace {
 
+void keepRecord(State& state, const List& list, const Knowledge& known) {
+  const TaskId current = list.queue.front().tasks.front();
+  if (list.run.begin == 0 || list.run.at.record == newRecord(known.facts.traitsOf(current))) return;
+  state.setRecord(current, list.run.at.record);
+}
+
 // Once observers leave, notified or not. A once task leaves as well, and the first of the others takes its place.
 void requeue(State state, std::size_t index, const std::vector<TaskId>& once, const Knowledge& known,
              std::vector<State>& found) {
   List& list = state.lists[index];
   const auto isOnce = [&](TaskId task) { return std::ranges::find(once, task) != once.end(); };
   stampRun(list);
+  keepRecord(state, list, known);
   Entry entry = std::move(list.queue.front());
   list.queue.erase(list.queue.begin());
   std::vector<TaskId> stay;

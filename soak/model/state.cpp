@@ -41,8 +41,20 @@ void State::setRequest(TaskId task, Request request) {
   std::ranges::sort(requests);
 }
 
+std::optional<RecordFields> State::recordOf(TaskId task) const {
+  const auto found = std::ranges::find(records, task, &std::pair<TaskId, RecordFields>::first);
+  return found == records.end() ? std::nullopt : std::optional(found->second);
+}
+
+void State::setRecord(TaskId task, const RecordFields& record) {
+  std::erase_if(records, [task](const auto& one) { return one.first == task; });
+  records.emplace_back(task, record);
+  std::ranges::sort(records);
+}
+
 void State::leave(TaskId task, ListId list, int ticks) {
   setRequest(task, Request::no);
+  std::erase_if(records, [task](const auto& one) { return one.first == task; });
   std::erase(dropped, task);
   left.push_back({task, list, {ticks}});
   std::ranges::sort(left);

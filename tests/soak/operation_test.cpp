@@ -5,7 +5,7 @@
 namespace soak::test {
 namespace {
 
-Surroundings of(Type type) { return {.printer = {}, .task = {.type = type}}; }
+Surroundings of(Type type) { return {.printer = {}, .task = {.type = type, .selected = {true}}}; }
 
 struct First {
   Type type;
@@ -36,8 +36,10 @@ TEST(Operation, BeginsWithTheCallOfItsContract) {
                               {Type::GetWifiList, "AppPrinterSdk_IsNetConnected"},
                               {Type::SetWifiList, "AppMgr_PrinterWifiConfigStart"}};
   for (const First& first : firsts) {
-    EXPECT_TRUE(nextOf({}, of(first.type)).calling(first.call)) << nameOf(first.type);
-    EXPECT_FALSE(nextOf({}, of(first.type)).done) << nameOf(first.type);
+    const Surroundings in = of(first.type);
+    const Next next = nextOf({.record = newRecord(in.task)}, in);
+    EXPECT_TRUE(next.calling(first.call)) << nameOf(first.type);
+    EXPECT_FALSE(next.done) << nameOf(first.type);
   }
 }
 

@@ -5,11 +5,114 @@
 namespace soak::test {
 namespace {
 
+constexpr std::string_view kSleepTime = "AppPrinterSdk_GetSleepTime";
+constexpr std::string_view kSupplies = "AppPrinterSdk_GetSuppliesAlarm";
+constexpr std::string_view kTimedClear = "AppPrinterSdk_GetTimedClear";
+constexpr std::string_view kCheckStart = "AppSdk_TriggerFwUpgradeStart";
+constexpr std::string_view kCheck = "AppSdk_TriggerFwUpgradeProcess";
+constexpr std::string_view kCheckResult = "AppSdk_TriggerFwUpgradeResult";
 constexpr std::string_view kTransfer = "AppPrinterSdk_UpgradeFwStart";
 constexpr std::string_view kTransferred = "AppPrinterSdk_UpgradeFwProgress";
 constexpr std::string_view kTransferExit = "AppPrinterSdk_UpgradeFwExit";
 
-class Run : public Story {};
+class Run : public Story {
+ protected:
+  TaskTraits reading(const Selection& selected) const {
+    TaskTraits traits = repeating(Type::GetDevParam);
+    traits.selected = selected;
+    return traits;
+  }
+  void call(std::string_view function, int result = 0) { Story::call(function, result); }
+  /// One that tells how far its job is.
+  void call(std::string_view function, int result, std::array<std::int32_t, 2> told) {
+    Event end = callOf(function);
+    seen(end);
+    end.what = What::callEnd;
+    end.value = result;
+    end.told = told;
+    seen(end);
+  }
+  void checked(std::string_view function, int result, bool told = false) {
+    call(function, result, {told ? 1 : 0, 0});
+    notice(1);
+  }
+};
+
+TEST_F(Run, OfParametersThatReadsWhatIsNotSelectedIsFound) {
+  add(1, reading({true, false, false, true, false}));
+  call(kSleepTime);
+  refused(callOf(kSupplies), "a call of AppPrinterSdk_GetTimedClear is due");
+}
+
+TEST_F(Run, OfParametersThatLeavesASelectedOneOutIsFound) {
+  add(1, reading({true, false, false, true, false}));
+  call(kSleepTime);
+  refused(noticeTo(1), "a call of AppPrinterSdk_GetTimedClear is due");
+}
+
+TEST_F(Run, OfParametersLeavesOutWhatAnEarlierReadOfItFailedFor) {
+  add(1, reading({true, false, false, true, false}));
+  call(kSleepTime, -3);
+  call(kTimedClear);
+  notice(1);
+  refused(callOf(kSleepTime), "a call of AppPrinterSdk_GetTimedClear is due");
+  call(kTimedClear, -3);
+  notice(1);
+  notice(1);
+}
+
+TEST_F(Run, OfParametersGoesByTheRecordOfTheCurrentTask) {
+  add(1, reading({true, false, false, false, false}));
+  add(2, reading({true, false, false, true, false}));
+  call(kSleepTime, -3);
+  notice(1, false);
+  notice(2);
+  released(1);
+  refused(callOf(kTimedClear), "a call of AppPrinterSdk_GetSleepTime is due");
+}
+
+TEST_F(Run, OfACheckGoesOnFromTheRunBefore) {
+  add(1, repeating(Type::FirmNewCheck));
+  checked(kCheckStart, 1);
+  checked(kCheck, 1);
+  call(kCheck, 1, {1, 0});
+  checked(kCheckResult, 0, true);
+  call(kCheck, 1, {1, 0});
+  checked(kCheckResult, 1, false);
+  notice(1);
+  refused(callOf(kCheck), "a notice to task 1 is due");
+}
+
+TEST_F(Run, OfACheckThatStartsTwiceIsFound) {
+  add(1, repeating(Type::FirmNewCheck));
+  checked(kCheckStart, 1);
+  refused(callOf(kCheckStart), "a call of AppSdk_TriggerFwUpgradeProcess is due");
+}
+
+TEST_F(Run, OfACheckThatIsNotStartedIsFound) {
+  add(1, repeating(Type::FirmNewCheck));
+  refused(callOf(kCheck), "a call of AppSdk_TriggerFwUpgradeStart is due");
+}
+
+TEST_F(Run, OfACheckThatGoesOnAfterAFailedStartIsFound) {
+  add(1, repeating(Type::FirmNewCheck));
+  checked(kCheckStart, 0);
+  refused(callOf(kCheck), "a notice to task 1 is due");
+}
+
+TEST_F(Run, OfACheckThatFetchesTheResultTooEarlyIsFound) {
+  add(1, repeating(Type::FirmNewCheck));
+  checked(kCheckStart, 1);
+  call(kCheck, 1, {0, 0});
+  refused(callOf(kCheckResult), "a notice to task 1 is due");
+}
+
+TEST_F(Run, OfACheckThatFetchesTheResultAfterAFailedCallIsFound) {
+  add(1, repeating(Type::FirmNewCheck));
+  checked(kCheckStart, 1);
+  call(kCheck, 0, {1, 0});
+  refused(callOf(kCheckResult), "a notice to task 1 is due");
+}
 
 TEST_F(Run, OfATransferThatGoesOnAfterItsTaskWasDeletedIsFound) {
   add(1, once(Type::FirmUpgrade));
