@@ -14,9 +14,9 @@ namespace soak {
 /// What a task's record says, as far as later steps go by it, also those of later runs.
 struct RecordFields {
   Selection selected{};    ///< of a `GetDevParam`: a read that fails takes its parameter out
-  bool triggered = false;  ///< of a `FirmNewCheck`, as the next two
+  bool triggered = false;  ///< of a `FirmNewCheck`, as the next
   bool ok = false;
-  bool done = false;
+  bool done = false;  ///< the check or the transfer is over
 
   friend auto operator<=>(const RecordFields&, const RecordFields&) = default;
 };
@@ -34,6 +34,8 @@ struct Progress {
   bool refused = false;         ///< the record was of another type
   enum class Npa : std::uint8_t { unread, no, yes } npa = Npa::unread;
   RecordFields record{};
+  std::int32_t total = 0;  ///< segments of a job
+  bool over = false;       ///< it has done them all
 
   friend auto operator<=>(const Progress&, const Progress&) = default;
 };

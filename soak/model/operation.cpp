@@ -16,6 +16,9 @@ constexpr std::array<std::string_view, std::tuple_size_v<Selection>> kGetters{
 constexpr std::array<std::string_view, 3> kExits{"AppPrinterSdk_UpgradeFwExit", "AppMgr_GetPrinterWifiExit",
                                                  "AppMgr_PrinterWifiConfigExit"};
 
+constexpr std::string_view kTransferProgress = "AppPrinterSdk_UpgradeFwProgress";
+constexpr std::string_view kSearchStart = "AppMgr_GetPrinterWifiStart", kSearchProgress = "AppMgr_GetPrinterWifiProgress";
+constexpr std::string_view kJoinStart = "AppMgr_PrinterWifiConfigStart", kJoinProgress = "AppMgr_PrinterWifiConfigProgress";
 constexpr std::string_view kCheckStart = "AppSdk_TriggerFwUpgradeStart", kCheckProcess = "AppSdk_TriggerFwUpgradeProcess",
                            kCheckResult = "AppSdk_TriggerFwUpgradeResult";
 
@@ -104,13 +107,13 @@ Next poll(const Surroundings& in, std::string_view progress, std::string_view ex
   return in.mayBeDeleted ? calls({progress, exit}) : call(progress);
 }
 
+// With the record of an earlier transfer it ends as it begins.
 Next transferNext(const Progress& at, const Surroundings& in) {
-  constexpr std::string_view start = "AppPrinterSdk_UpgradeFwStart", progress = "AppPrinterSdk_UpgradeFwProgress",
-                             exit = "AppPrinterSdk_UpgradeFwExit";
+  constexpr std::string_view start = "AppPrinterSdk_UpgradeFwStart", exit = "AppPrinterSdk_UpgradeFwExit";
   if (at.exited) return afterExit(at, in);
   if (at.function.empty()) return call(start);
-  if (at.function == progress && !at.afterRound) return at.result == 0 ? round() : call(exit);
-  return in.isDeleted ? call(exit) : calls({progress, exit});
+  if (at.function == kTransferProgress && !at.afterRound) return at.result == 0 ? round() : call(exit);
+  return at.record.done ? call(exit) : poll(in, kTransferProgress, exit);
 }
 
 Next watchNext(const Progress& at, const Surroundings& in) {
@@ -123,27 +126,25 @@ Next watchNext(const Progress& at, const Surroundings& in) {
 }
 
 Next searchNext(const Progress& at, const Surroundings& in) {
-  constexpr std::string_view connected = "AppPrinterSdk_IsNetConnected", start = "AppMgr_GetPrinterWifiStart",
-                             progress = "AppMgr_GetPrinterWifiProgress", result = "AppMgr_GetPrinterWifiResult",
+  constexpr std::string_view connected = "AppPrinterSdk_IsNetConnected", result = "AppMgr_GetPrinterWifiResult",
                              exit = "AppMgr_GetPrinterWifiExit";
   if (at.function.empty()) return call(connected);
   if (at.function == connected) {
     if (at.afterRound) return done();
-    return at.result != 0 ? round() : call(start);
+    return at.result != 0 ? round() : call(kSearchStart);
   }
   if (at.exited) return afterExit(at, in);
   if (at.function == result) return call(exit);
-  if (at.function == progress && !at.afterRound) return {.calls = {result}, .round = true};
-  return poll(in, progress, exit);
+  if (at.function == kSearchProgress && !at.afterRound) return at.over ? call(result) : round();
+  return poll(in, kSearchProgress, exit);
 }
 
 Next joinNext(const Progress& at, const Surroundings& in) {
-  constexpr std::string_view start = "AppMgr_PrinterWifiConfigStart", progress = "AppMgr_PrinterWifiConfigProgress",
-                             exit = "AppMgr_PrinterWifiConfigExit";
-  if (at.function.empty()) return call(start);
+  constexpr std::string_view exit = "AppMgr_PrinterWifiConfigExit";
+  if (at.function.empty()) return call(kJoinStart);
   if (at.exited) return afterExit(at, in);
-  if (at.function == progress && !at.afterRound) return {.calls = {exit}, .round = true};
-  return poll(in, progress, exit);
+  if (at.function == kJoinProgress && !at.afterRound) return at.over ? call(exit) : round();
+  return poll(in, kJoinProgress, exit);
 }
 
 Next pushScanNext(const Progress& at) {
@@ -228,6 +229,9 @@ void noteReturn(Progress& at, Type type, const Event& event) {
   if (std::ranges::find(kExits, event.function) != kExits.end()) at.exited = true;
   if (type == Type::GetDevParam) at.record.selected.at(getterOf(event.function)) = event.value == 0;
   if (type == Type::FirmNewCheck) noteChecked(at.record, event);
+  if (event.function == kTransferProgress) at.record.done = event.value != 0 || event.told[0] >= event.told[1];
+  if (event.function == kSearchStart || event.function == kJoinStart) at.total = event.told[0];
+  if (event.function == kSearchProgress || event.function == kJoinProgress) at.over = event.told[0] >= at.total;
 }
 
 bool sharesRecords(Type type) { return type == Type::State || type == Type::RegPushscan || type == Type::RegUpgrade; }

@@ -14,6 +14,14 @@ constexpr std::string_view kCheckResult = "AppSdk_TriggerFwUpgradeResult";
 constexpr std::string_view kTransfer = "AppPrinterSdk_UpgradeFwStart";
 constexpr std::string_view kTransferred = "AppPrinterSdk_UpgradeFwProgress";
 constexpr std::string_view kTransferExit = "AppPrinterSdk_UpgradeFwExit";
+constexpr std::string_view kConnected = "AppPrinterSdk_IsNetConnected";
+constexpr std::string_view kSearch = "AppMgr_GetPrinterWifiStart";
+constexpr std::string_view kSearched = "AppMgr_GetPrinterWifiProgress";
+constexpr std::string_view kNetworks = "AppMgr_GetPrinterWifiResult";
+constexpr std::string_view kSearchExit = "AppMgr_GetPrinterWifiExit";
+constexpr std::string_view kJoin = "AppMgr_PrinterWifiConfigStart";
+constexpr std::string_view kJoined = "AppMgr_PrinterWifiConfigProgress";
+constexpr std::string_view kJoinExit = "AppMgr_PrinterWifiConfigExit";
 
 class Run : public Story {
  protected:
@@ -120,7 +128,7 @@ TEST_F(Run, OfATransferThatGoesOnAfterItsTaskWasDeletedIsFound) {
   at(10);
   setDelete(1);
   at(20);
-  call(kTransferred);  // it may have looked before the deletion
+  call(kTransferred, 0, {1, 2});  // it may have looked before the deletion
   notice(1);
   at(200);
   refused(callOf(kTransferred), "a call of AppPrinterSdk_UpgradeFwExit is due");
@@ -134,6 +142,71 @@ TEST_F(Run, OfATransferWhoseWindowRefusesEndsWithoutALastNotice) {
   at(200);
   call(kTransferExit);
   refused(noticeTo(1), "the end of the run is due");
+}
+
+TEST_F(Run, OfATransferThatEndsBeforeItsTimeIsFound) {
+  add(1, once(Type::FirmUpgrade));
+  call(kTransfer);
+  call(kTransferred, 0, {1, 2});
+  notice(1);
+  at(200);
+  refused(callOf(kTransferExit), "a call of AppPrinterSdk_UpgradeFwProgress is due");
+}
+
+TEST_F(Run, OfATransferThatGoesOnAfterItsEndIsFound) {
+  add(1, once(Type::FirmUpgrade));
+  call(kTransfer);
+  call(kTransferred, 0, {2, 2});
+  notice(1);
+  at(200);
+  refused(callOf(kTransferred), "a call of AppPrinterSdk_UpgradeFwExit is due");
+}
+
+TEST_F(Run, OfATransferAfterAnotherWithTheSameRecordEndsAsItBegins) {
+  add(1, repeating(Type::FirmUpgrade));
+  call(kTransfer);
+  call(kTransferred, -3);
+  call(kTransferExit);
+  notice(1);
+  call(kTransfer);
+  refused(callOf(kTransferred), "a call of AppPrinterSdk_UpgradeFwExit is due");
+  call(kTransferExit);
+  notice(1);
+}
+
+TEST_F(Run, OfASearchThatEndsBeforeItsTimeIsFound) {
+  add(1, once(Type::GetWifiList));
+  call(kConnected, 0);
+  call(kSearch, 0, {2, 0});
+  call(kSearched, 0, {1, 0});
+  refused(callOf(kNetworks), "a notice to task 1 is due");
+}
+
+TEST_F(Run, OfASearchThatGoesOnAfterItsEndIsFound) {
+  add(1, once(Type::GetWifiList));
+  call(kConnected, 0);
+  call(kSearch, 0, {2, 0});
+  call(kSearched, -3, {2, 0});
+  refused(noticeTo(1), "a call of AppMgr_GetPrinterWifiResult is due");
+  call(kNetworks);
+  call(kSearchExit);
+  notice(1);
+}
+
+TEST_F(Run, OfAJoinThatEndsBeforeItsTimeIsFound) {
+  add(1, once(Type::SetWifiList));
+  call(kJoin, 0, {2, 0});
+  call(kJoined, 0, {1, 0});
+  refused(callOf(kJoinExit), "a notice to task 1 is due");
+}
+
+TEST_F(Run, OfAJoinThatGoesOnAfterItsEndIsFound) {
+  add(1, once(Type::SetWifiList));
+  call(kJoin, -3);  // which leaves the number of segments at 0
+  call(kJoined, 0);
+  refused(noticeTo(1), "a call of AppMgr_PrinterWifiConfigExit is due");
+  call(kJoinExit);
+  notice(1);
 }
 
 }  // namespace
