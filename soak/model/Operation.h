@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <chrono>
 #include <compare>
 #include <cstddef>
 #include <cstdint>
@@ -56,6 +57,8 @@ struct Next {
   bool done = false;       ///< the run is over
   bool readsNpa = false;   ///< the task's NPA request is looked at
   bool ownRecord = false;  ///< the record is found to be of another type
+  /// Before a call the operation sleeps so long, from what was seen last.
+  std::chrono::milliseconds pause{};
 
   bool calling(std::string_view function) const;
 };

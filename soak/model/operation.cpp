@@ -6,6 +6,7 @@
 namespace soak {
 namespace {
 
+using namespace std::chrono_literals;
 using Npa = Progress::Npa;
 
 // In the order in which they are read.
@@ -209,6 +210,23 @@ Next operationNext(const Progress& at, const Surroundings& in) {
   return {};
 }
 
+// Where the alarms or the silent mode are still to be read. The timed clear mode alone brings no pause.
+std::chrono::milliseconds pauseBetweenReads(const Progress& at) {
+  constexpr std::array<std::size_t, 3> bringPauses{1, 2, 4};
+  if (at.function.empty() || at.afterRound) return 0ms;
+  const auto isDue = [&](std::size_t one) { return one > getterOf(at.function) && at.record.selected[one]; };
+  return std::ranges::any_of(bringPauses, isDue) ? 1'000ms : 0ms;
+}
+
+// A watch sleeps a hundred ticks; half a millisecond is the shortest that a system is set to.
+std::chrono::milliseconds pauseAfter(const Progress& at, Type type) {
+  if (type == Type::GetDevParam) return pauseBetweenReads(at);
+  if (!at.afterRound) return 0ms;
+  if (type == Type::FirmUpCheck) return 50ms;
+  if (at.function == kTransferProgress) return 100ms;
+  return at.function == kSearchProgress || at.function == kJoinProgress ? 500ms : 0ms;
+}
+
 }  // namespace
 
 RecordFields newRecord(const TaskTraits& task) { return {.selected = task.selected}; }
@@ -220,7 +238,9 @@ bool Next::calling(std::string_view function) const {
 Next nextOf(const Progress& at, const Surroundings& in) {
   if (at.refused) return done();
   if (in.task.wrongRecord && in.task.type != Type::GetAlarm) return {.ownRecord = true};
-  return operationNext(at, in);
+  Next next = operationNext(at, in);
+  next.pause = pauseAfter(at, in.task.type);
+  return next;
 }
 
 void noteReturn(Progress& at, Type type, const Event& event) {

@@ -1,12 +1,28 @@
 #include "model/RunOccurrence.h"
 
 #include <algorithm>
+#include <chrono>
+#include <optional>
 
 #include "model/Describe.h"
 #include "model/Pacing.h"
 
 namespace soak {
 namespace {
+
+using namespace std::chrono_literals;
+
+// On Windows a sleep may end up to a tick of the clock early.
+constexpr auto kTick = 16ms;
+
+// What was seen last was taken down on the run's own thread, before the pause began: whatever stops a thread makes it longer.
+std::optional<Moment> pausesUntil(const List& list, const Event& event, const Knowledge& known) {
+  if (event.what != What::callBegin || list.run.phase != Run::Phase::choice) return std::nullopt;
+  const Next next = nextOfRun(list, known);
+  const Moment end = list.lastSeen + next.pause;
+  if (!next.calling(event.function) || next.pause == 0ms || event.time + kTick >= end) return std::nullopt;
+  return end;
+}
 
 // True when the run goes on with this call.
 bool beginCall(Run& run, const Event& event, const Next& next) {
@@ -86,6 +102,9 @@ std::string unreleased(const State& state, const List& list, const Knowledge& kn
 Explained continueRun(State state, std::size_t index, const Event& event, const Knowledge& known) {
   List& list = state.lists[index];
   const bool first = list.run.begin == event.number;
+  if (const auto end = pausesUntil(list, event, known)) {
+    return {{}, {"list " + std::to_string(list.id) + " pauses in its run until " + clockTime(*end)}};
+  }
   const List before = list;
   if (!goOn(list, event, known)) return {{}, {(first ? "next is another run: " : "") + mayShow(before, known)}};
   list.lastSeen = event.time;

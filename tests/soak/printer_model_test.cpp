@@ -346,6 +346,7 @@ TEST_F(PrinterModelAccepts, AWatchThatEndsWhenItsTaskIsDeleted) {
   add(1, once(Type::FirmUpCheck));
   call(kRead);
   notice(1);
+  at(100);
   call(kRead);
   setDelete(1);
   notice(1);
@@ -357,6 +358,7 @@ TEST_F(PrinterModelAccepts, ATransferWithoutALastNoticeForATaskThatRefused) {
   call("AppPrinterSdk_UpgradeFwStart");
   call("AppPrinterSdk_UpgradeFwProgress");
   notice(1, false);
+  at(100);
   call("AppPrinterSdk_UpgradeFwExit");
   released(1);
 }

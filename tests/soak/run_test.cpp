@@ -7,7 +7,10 @@ namespace {
 
 constexpr std::string_view kSleepTime = "AppPrinterSdk_GetSleepTime";
 constexpr std::string_view kSupplies = "AppPrinterSdk_GetSuppliesAlarm";
+constexpr std::string_view kPaperAlarm = "AppPrinterSdk_GetPaperAlarm";
+constexpr std::string_view kSilentMode = "AppPrinterSdk_GetSilentMode";
 constexpr std::string_view kTimedClear = "AppPrinterSdk_GetTimedClear";
+constexpr std::string_view kState = "AppPrinterSdk_GetState";
 constexpr std::string_view kCheckStart = "AppSdk_TriggerFwUpgradeStart";
 constexpr std::string_view kCheck = "AppSdk_TriggerFwUpgradeProcess";
 constexpr std::string_view kCheckResult = "AppSdk_TriggerFwUpgradeResult";
@@ -77,6 +80,33 @@ TEST_F(Run, OfParametersGoesByTheRecordOfTheCurrentTask) {
   notice(2);
   released(1);
   refused(callOf(kTimedClear), "a call of AppPrinterSdk_GetSleepTime is due");
+}
+
+TEST_F(Run, OfParametersThatPausesTooShortIsFound) {
+  add(1, reading({true, true, false, true, false}));
+  call(kSleepTime);
+  at(980);
+  refused(callOf(kSupplies), "list 1 pauses in its run until");
+}
+
+TEST_F(Run, OfParametersPausesBeforeEachOfThem) {
+  add(1, reading({true, true, true, true, true}));
+  call(kSleepTime);
+  at(1'000);
+  call(kSupplies);
+  at(2'000);
+  call(kPaperAlarm);
+  at(3'000);
+  call(kTimedClear);
+  at(4'000);
+  call(kSilentMode);
+  notice(1);
+}
+
+TEST_F(Run, OfParametersReadsTheTimedClearModeWithoutAPause) {
+  add(1, reading({true, false, false, true, false}));
+  call(kSleepTime);
+  call(kTimedClear);
 }
 
 TEST_F(Run, OfACheckGoesOnFromTheRunBefore) {
@@ -207,6 +237,68 @@ TEST_F(Run, OfAJoinThatGoesOnAfterItsEndIsFound) {
   refused(noticeTo(1), "a call of AppMgr_PrinterWifiConfigExit is due");
   call(kJoinExit);
   notice(1);
+}
+
+TEST_F(Run, OfATransferThatDoesNotPauseIsFound) {
+  add(1, once(Type::FirmUpgrade));
+  call(kTransfer);
+  at(10);
+  call(kTransferred, 0, {1, 2});
+  notice(1);
+  at(93);
+  refused(callOf(kTransferred), "list 1 pauses in its run until");
+  at(95);
+  call(kTransferred, 0, {2, 2});
+}
+
+TEST_F(Run, OfATransferThatDoesNotPauseBeforeItsExitIsFound) {
+  add(1, once(Type::FirmUpgrade));
+  call(kTransfer);
+  call(kTransferred, 0, {2, 2});
+  notice(1, false);
+  at(80);
+  refused(callOf(kTransferExit), "list 1 pauses in its run until");
+}
+
+TEST_F(Run, OfATransferCountsItsPauseFromTheLastNotice) {
+  add(1, once(Type::FirmUpgrade));
+  add(2, repeating(Type::FirmUpgrade));
+  call(kTransfer);
+  call(kTransferred, 0, {1, 2});
+  notice(1);
+  at(100);
+  notice(2);
+  at(150);
+  refused(callOf(kTransferred), "list 1 pauses in its run until");
+}
+
+TEST_F(Run, OfASearchThatPausesTooShortIsFound) {
+  add(1, once(Type::GetWifiList));
+  call(kConnected, 0);
+  call(kSearch, 0, {2, 0});
+  call(kSearched, 0, {1, 0});
+  notice(1);
+  at(480);
+  refused(callOf(kSearched), "list 1 pauses in its run until");
+}
+
+TEST_F(Run, OfAJoinThatPausesTooShortIsFound) {
+  add(1, once(Type::SetWifiList));
+  call(kJoin, 0, {2, 0});
+  call(kJoined, 0, {1, 0});
+  notice(1);
+  at(480);
+  refused(callOf(kJoined), "list 1 pauses in its run until");
+}
+
+TEST_F(Run, OfAWatchThatPausesTooShortIsFound) {
+  add(1, once(Type::FirmUpCheck));
+  call(kState);
+  notice(1);
+  at(30);
+  refused(callOf(kState), "list 1 pauses in its run until");
+  at(40);
+  call(kState);
 }
 
 }  // namespace
