@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <tuple>
 
 namespace soak {
 namespace {

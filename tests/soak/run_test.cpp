@@ -1,6 +1,7 @@
 /// What the model accepts and finds within a run.
 
 #include "Story.h"
+#include "model/State.h"
 
 namespace soak::test {
 namespace {
@@ -48,6 +49,15 @@ class Run : public Story {
     notice(1);
   }
 };
+
+TEST_F(Run, KeepsTheRecordOfATaskUntilThatLeaves) {
+  State state;
+  state.setRecord(1, {.triggered = true});
+  state.setRecord(1, {.triggered = true, .ok = true});
+  EXPECT_EQ(state.recordOf(1), (RecordFields{.triggered = true, .ok = true}));
+  state.leave(1, 0, 0);
+  EXPECT_EQ(state.recordOf(1), std::nullopt);
+}
 
 TEST_F(Run, OfParametersThatReadsWhatIsNotSelectedIsFound) {
   add(1, reading({true, false, false, true, false}));
@@ -195,7 +205,7 @@ TEST_F(Run, OfATransferThatGoesOnAfterItsEndIsFound) {
 TEST_F(Run, OfATransferAfterAnotherWithTheSameRecordEndsAsItBegins) {
   add(1, repeating(Type::FirmUpgrade));
   call(kTransfer);
-  call(kTransferred, -3);
+  call(kTransferred, -3, {1, 2});
   call(kTransferExit);
   notice(1);
   call(kTransfer);
