@@ -81,7 +81,8 @@ bool beginTurn(List& list, Moment now, bool wakeUpUnderWay) {
     pace.calmCycles.value = 0;
     return true;
   }
-  const bool used = (hasWaited(list, now) && ++pace.calmCycles.value >= kCalmCycles) || hasTakenWakeUps(list);
+  const bool calm = hasWaited(list, now) && ++pace.calmCycles.value >= kCalmCycles;
+  const bool used = (calm && pace.lastPost.value < turn.at) || hasTakenWakeUps(list);  // a later one is for the next wait
   if (used && !wakeUpUnderWay) pace.posts.value = 0;
   if (const int more = postsOfTimer(list, now - turn.at); more > 0) {
     pace.posts.value += more;

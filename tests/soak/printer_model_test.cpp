@@ -270,6 +270,23 @@ TEST_F(PrinterModelAccepts, AStoppedListWithoutRunsThatTakesTheNextOneOutOfTheRe
   call("AppPrinterSdk_IsSuppportSuppliesAlarm");
 }
 
+TEST_F(PrinterModelAccepts, AWakeUpThatComesBetweenTheEndOfAPunctualWaitAndTheRun) {
+  const auto print = [this] {
+    call(kJobs, 1);
+    notice(1);
+  };
+  add(1, repeating(Type::State, 50));
+  for (int run = 0; run < 10; ++run) {
+    at(run * 51);
+    print();
+  }
+  at(509.3);  // the wait is over since 509.03
+  startNpa();
+  at(509.5);
+  print();
+  print();
+}
+
 // Its wait begins 9 ms after its stamps, with 1 ms left, and it comes 1.5 ms late to stop the timer.
 TEST_F(PrinterModelAccepts, AWakeUpByATimerWhosePeriodWasShort) {
   add(1, repeating(Type::State, 10));
