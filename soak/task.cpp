@@ -76,8 +76,8 @@ void Task::add(const std::shared_ptr<Task>& self) {
     Recorder::instance().record(self->event(What::released));
     self->m_released.store(true);
   };
-  Add(std::shared_ptr<AppComm::Node>(m_node.get(), release));
-  Recorder::instance().record(event(What::addEnd));
+  const int result = Add(std::shared_ptr<AppComm::Node>(m_node.get(), release));
+  Recorder::instance().record(event(What::addEnd, result));
 }
 
 void Task::setDelete() {
@@ -102,20 +102,18 @@ bool Task::setOnce(bool once) {
 void requestNpa(bool start, PrinterId printer, const PrinterPlan& plan, Type type) {
   const TaskTraits traits{.type = type};
   auto node = AppComm::Node::Instance(describe(plan, traits), nullptr, 0, type);
-  const auto record = [&](What what) { Recorder::instance().record({.what = what, .printer = printer, .traits = traits}); };
-  record(start ? What::startBegin : What::pauseBegin);
-  if (start) {
-    StartNPA(std::move(node));
-  } else {
-    PauseNPA(std::move(node));
-  }
-  record(start ? What::startEnd : What::pauseEnd);
+  const auto record = [&](What what, int result) {
+    Recorder::instance().record({.what = what, .printer = printer, .value = result, .traits = traits});
+  };
+  record(start ? What::startBegin : What::pauseBegin, 0);
+  const int result = start ? StartNPA(std::move(node)) : PauseNPA(std::move(node));
+  record(start ? What::startEnd : What::pauseEnd, result);
 }
 
 void stopAll() {
   Recorder::instance().record({.what = What::stopBegin, .printer = kEveryPrinter});
-  Stop();
-  Recorder::instance().record({.what = What::stopEnd, .printer = kEveryPrinter});
+  const int result = Stop();
+  Recorder::instance().record({.what = What::stopEnd, .printer = kEveryPrinter, .value = result});
 }
 
 }  // namespace soak

@@ -24,7 +24,7 @@ using Selection = std::array<bool, 5>;
 
 enum class What : std::uint8_t {
   addBegin,  ///< carries the task's traits
-  addEnd,
+  addEnd,    ///< value: what the call returned; of the next three as well
   stopBegin,
   stopEnd,
   startBegin,  ///< `StartNPA`; carries the type

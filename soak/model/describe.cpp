@@ -76,6 +76,11 @@ std::string operationText(const Operation& operation) {
          (operation.done ? ", has had its effect" : ", has had no effect yet");
 }
 
+bool hasResult(What what) {
+  constexpr std::array with{What::addEnd, What::stopEnd, What::startEnd, What::pauseEnd, What::callEnd, What::noticeEnd};
+  return std::ranges::find(with, what) != with.end();
+}
+
 }  // namespace
 
 std::string clockTime(Moment at) {
@@ -92,7 +97,7 @@ std::string textOf(const Event& event) {
   std::string text = clockTime(event.time) + " #" + number(event.number) + " thread " + number(event.thread) + ": ";
   text += kWhat[static_cast<std::size_t>(event.what)];
   if (!event.function.empty()) text += " " + std::string(event.function);
-  if (event.what == What::callEnd || event.what == What::noticeEnd) text += " with " + std::to_string(event.value);
+  if (hasResult(event.what)) text += " with " + std::to_string(event.value);
   if (event.task != 0) text += ", task " + number(event.task);
   if (event.what == What::noticeBegin && event.task == 0) text += " with a code that is not the window's";
   if (event.what == What::addBegin) {

@@ -64,6 +64,7 @@ Explained callReturns(State state, const Event& event) {
       state.operations, [&](const Operation& one) { return one.caller == event.thread && one.what == beginOf(event.what); });
   if (operation == state.operations.end()) return objection("it returns without having begun");
   if (!operation->done) return objection("it cannot have had its effect yet");
+  if (event.value != 0) return objection("it should have returned 0, as it always does");
   noteRequested(state, *operation);
   if (operation->what == What::startBegin) {
     for (List& list : state.lists) list.pace.lastPost.value = event.time;
