@@ -55,6 +55,7 @@ std::shared_ptr<Task> Task::draw(std::uint64_t seed, Random& random, PrinterId p
   auto record = drawRecord(random, traits, printer, code, plan.interval <= 0);
   const auto window = std::make_shared<Window>(seed, printer, code, traits.type, plan.interval <= 0, record);
   auto node = AppComm::Node::Instance(info, window, static_cast<long>(code), traits.type);
+  window->belongsTo(node);
   node->setResource(std::move(record));
   if (!traits.once) node->setRepeat();
   if (traits.npaRequested) node->setReqNPA();

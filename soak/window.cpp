@@ -21,6 +21,11 @@ std::shared_ptr<AppComm::State> stateOf(Type type, const std::any& record) {
   return type == Type::State && state != nullptr ? *state : nullptr;
 }
 
+std::int32_t queried(const AppComm::State* state) {
+  if (state == nullptr) return -1;
+  return state->queried ? 1 : 0;
+}
+
 }  // namespace
 
 Window::Window(std::uint64_t seed, PrinterId printer, TaskId task, Type type, bool slow, const std::any& record)
@@ -30,13 +35,13 @@ bool Window::Notice(long code) const {
   Recorder& recorder = Recorder::instance();
   const TaskId task =
       code == static_cast<long>(m_task) ? m_task : 0;  // each window is told its own code, or nothing explains it
+  const auto node = m_node.lock();
   recorder.belongsTo(m_printer);
   recorder.record({.what = What::noticeBegin,
                    .printer = m_printer,
                    .task = task,
-                   .value = m_state == nullptr ? -1
-                            : m_state->queried ? 1
-                                               : 0});
+                   .value = queried(m_state.get()),
+                   .updated = node != nullptr && node->getUpdate()});
   recorder.waitForRoom();
   Random random(m_seed, (std::uint64_t{m_task} << 20U) + ++m_notices);
   if (m_slow || random.chance(10)) std::this_thread::sleep_for(std::chrono::milliseconds(random.between(1, 3)));

@@ -67,6 +67,7 @@ struct Event {
   PrinterId printer = 0;
   TaskId task = 0;
   std::int32_t value = 0;
+  bool updated = true;          ///< noticeBegin: the task is marked as updated
   std::string_view function{};  // of static storage
   /// callEnd: what is then in the counts and the flag by which a function tells how far a job is.
   std::array<std::int32_t, 2> told{};

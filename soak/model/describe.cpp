@@ -100,6 +100,7 @@ std::string textOf(const Event& event) {
   if (hasResult(event.what)) text += " with " + std::to_string(event.value);
   if (event.task != 0) text += ", task " + number(event.task);
   if (event.what == What::noticeBegin && event.task == 0) text += " with a code that is not the window's";
+  if (!event.updated) text += ", which is not marked as updated";
   if (event.what == What::addBegin) {
     const TaskTraits& traits = event.traits;
     text += " (" + std::string(nameOf(traits.type)) + (traits.once ? ", once" : ", repeating") + ", interval " +

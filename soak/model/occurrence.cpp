@@ -146,6 +146,9 @@ Explained explain(const State& state, const Event& event, const Knowledge& known
       return threadEnds(state, event);
     case What::tick:
       return rests(state);
+    case What::noticeBegin:
+      if (!event.updated) return objection("it should have been marked as updated before its window is told");
+      return explainInRun(state, event, known);
     default:
       return isOfRun(event.what) ? explainInRun(state, event, known) : Explained{{state}, {}};
   }
