@@ -35,7 +35,7 @@ inline bool hasLongPauses(std::uint64_t seed) { return seed % 4 == 2; }
 /// Faults come all through `length`.
 PrinterPlans planPrinters(std::uint64_t seed, int count, std::chrono::seconds length);
 
-/// The printer's place from its uid; `kEveryPrinter` for an empty one.
+/// The printer's place from its uid; `kNoPrinter` for an empty one.
 PrinterId printerOf(std::wstring_view uid);
 
 }  // namespace soak

@@ -22,10 +22,10 @@ class Recorder {
   void record(Event event);
   /// From now on the calling thread may be one of a list of this printer: its end is an event.
   void belongsTo(PrinterId printer);
-  /// The printer of the calling thread, `kEveryPrinter` without one.
+  /// The printer of the calling thread, `kNoPrinter` without one.
   PrinterId printerOfThread() const;
 
-  /// Waits, a limited time, while whoever judges events is far behind. Only where the module holds nothing.
+  /// Waits, a limited time, while whoever judges events is far behind. Only where the module holds no lock.
   void waitForRoom();
 
   /// The events that follow the last one taken out, as far as they are there. One thread takes.

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "Recorder.h"
+#include "model/Describe.h"
 
 namespace soak {
 namespace {
@@ -52,6 +53,7 @@ bool Checker::takeAll() {
 
 void Checker::see(const Event& event) {
   count(event);
+  if (event.printer == kNoPrinter) return m_onDifference(strayText(event), m_totals);
   if (event.printer != kEveryPrinter) return show(event.printer, event);
   for (PrinterId printer = 0; printer < m_models.size(); ++printer) show(printer, event);
 }

@@ -118,7 +118,7 @@ PrinterPlans planPrinters(std::uint64_t seed, int count, std::chrono::seconds le
 }
 
 PrinterId printerOf(std::wstring_view uid) {
-  if (uid.empty()) return kEveryPrinter;
+  if (uid.empty()) return kNoPrinter;
   PrinterId place = 0;
   for (const wchar_t digit : uid.substr(1)) place = place * 10 + static_cast<PrinterId>(digit - L'0');
   return place;

@@ -44,7 +44,7 @@ struct Recorder::Buffer {
 struct Recorder::Slot {
   Slot() : thread(++g_threads), buffer(Recorder::instance().newBuffer()) {}
   ~Slot() {
-    if (printer != kEveryPrinter) write({.what = What::threadEnded, .printer = printer});
+    if (printer != kNoPrinter) write({.what = What::threadEnded, .printer = printer});
     const std::lock_guard lock(buffer->mutex);
     buffer->ended = true;
   }
@@ -61,7 +61,7 @@ struct Recorder::Slot {
 
   const ThreadId thread;
   const std::shared_ptr<Buffer> buffer;
-  PrinterId printer = kEveryPrinter;
+  PrinterId printer = kNoPrinter;
 };
 
 Recorder& Recorder::instance() {

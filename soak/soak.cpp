@@ -18,12 +18,10 @@ constexpr auto kPatience = 90s;
 void watchCall(const simulator::CallSight& sight) {
   Recorder& recorder = Recorder::instance();
   const PrinterId named = printerOf(sight.printer);
-  if (named != kEveryPrinter) recorder.belongsTo(named);
-  // Functions of a job name no printer; their thread has worked for one before.
-  const PrinterId printer = recorder.printerOfThread();
-  if (printer == kEveryPrinter) return;
+  if (named != kNoPrinter) recorder.belongsTo(named);
+  // Functions of a job name no printer; their thread has to have worked for one before.
   recorder.record({.what = sight.ends ? What::callEnd : What::callBegin,
-                   .printer = printer,
+                   .printer = recorder.printerOfThread(),
                    .value = sight.result.value_or(0),
                    .function = sight.function,
                    .told = sight.told,

@@ -8,6 +8,8 @@
 namespace soak {
 
 std::string textOf(const Event& event);
+/// An event that belongs to no printer, as a difference.
+std::string strayText(const Event& event);
 std::string textOf(const State& state, const Knowledge& known);
 
 /// Where the task is, for one who expected it to have left.

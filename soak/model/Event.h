@@ -18,6 +18,7 @@ using ThreadId = std::uint32_t;   ///< one of each thread that was ever seen, ne
 using PrinterId = std::uint32_t;  ///< the printer's place in the scenario
 
 inline constexpr PrinterId kEveryPrinter = UINT32_MAX;
+inline constexpr PrinterId kNoPrinter = UINT32_MAX - 1;
 
 /// The parameters that a `GetDevParam` may read: sleep time, supplies alarm, paper alarm, timed clear, silent mode.
 using Selection = std::array<bool, 5>;

@@ -109,6 +109,11 @@ std::string textOf(const Event& event) {
   return text;
 }
 
+std::string strayText(const Event& event) {
+  return "difference:\nthe module did:\n  " + textOf(event) +
+         "\nit should have done this on a thread that works for a printer: what belongs together stays on its thread\n";
+}
+
 std::string whereIs(const State& state, TaskId task) {
   const std::string name = "task " + number(task);
   for (const List& list : state.lists) {
