@@ -28,8 +28,8 @@ Options readOptions(std::span<const std::string_view> arguments, std::uint64_t c
 inline constexpr std::string_view kHelp =
     "soak [--minutes N | --seconds N] [--printers N] [--seed S]\n"
     "\n"
-    "Lets callers on eight threads use the module with simulated printers, and compares what is seen of it from outside\n"
-    "with a model of its contract. It ends at the first difference.\n"
+    "Lets callers on eight threads, at most three of them at one printer, use the module with simulated printers, and\n"
+    "compares what is seen of it from outside with a model of its contract. It ends at the first difference.\n"
     "\n"
     "  --minutes N    1 to 1440 (a day); 1 without it\n"
     "  --seconds N    1 to 86400\n"

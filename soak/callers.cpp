@@ -96,6 +96,7 @@ void Callers::add(Random& random, PrinterId place) {
   Printer& printer = *m_printers[place];
   const auto task = Task::draw(m_seed, random, place, m_plans[place], ++m_lastCode);
   const bool deletedBefore = random.chance(2);
+  const bool deletedAtOnce = random.chance(2);
   {
     const std::lock_guard lock(printer.mutex);
     std::erase_if(printer.tasks, [](const auto& one) { return one->released(); });
@@ -104,8 +105,9 @@ void Callers::add(Random& random, PrinterId place) {
     task->announce();
     printer.tasks.push_back(task);
   }
-  task->add(task);
   if (deletedBefore) task->setDelete();
+  task->add(task);
+  if (deletedAtOnce) task->setDelete();
 }
 
 // Its list gets the time for its idle cycles, if they are not too long.
