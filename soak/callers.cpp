@@ -116,7 +116,7 @@ void Callers::emptyPrinter(PrinterId place) {
   std::vector<std::shared_ptr<Task>> tasks;
   {
     const std::lock_guard lock(printer.mutex);
-    const auto cycles = std::chrono::milliseconds(m_plans[place].interval * 25 + 300);
+    const auto cycles = std::chrono::milliseconds(std::max(m_plans[place].interval, 0) * 25 + 300);
     printer.quietUntil = steady_clock::now() + std::min<std::chrono::milliseconds>(cycles, 5s);
     tasks = printer.tasks;
   }

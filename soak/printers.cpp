@@ -23,7 +23,8 @@ std::string yesNo(bool is) { return is ? "yes" : "no"; }
 // reaches ends after ten intervals, which are to fit a short soak.
 int drawInterval(Random& random, int milliseconds) {
   const int kind = random.between(1, 100);
-  if (kind <= 25) return 0;
+  if (kind <= 20) return 0;
+  if (kind <= 25) return -random.between(1, 1'000);
   if (kind <= 60) return random.between(10, 60);
   if (kind <= 90) return random.between(100, 400);
   return random.between(500, std::clamp(milliseconds / 20, 500, 3'000));
@@ -31,8 +32,8 @@ int drawInterval(Random& random, int milliseconds) {
 
 // A printer without a pause between runs must not be one without any delay: nothing would slow it down.
 std::string latency(Random& random, int interval) {
-  const int most = interval == 0 ? 25 : random.chance(20) ? 60 : 3;
-  return "<call latency-min='" + to_string(interval == 0 ? 5 : 0) + "' latency-max='" + to_string(most) + "'/>";
+  const int most = interval <= 0 ? 25 : random.chance(20) ? 60 : 3;
+  return "<call latency-min='" + to_string(interval <= 0 ? 5 : 0) + "' latency-max='" + to_string(most) + "'/>";
 }
 
 // The time to the next of at most so many things.
@@ -77,10 +78,10 @@ std::string faults(Random& random, int milliseconds, int most) {
   return text;
 }
 
-// Under ten minutes, so that the first run comes at once.
-void pauseLong(PrinterPlan& plan) {
+// Up to ten minutes the first run comes at once, from there on after what is beyond them.
+void pauseLong(PrinterPlan& plan, Random& random) {
   plan.pausesLong = true;
-  plan.interval = 300'000;
+  plan.interval = random.chance(50) ? 300'000 : 600'000 + random.between(300, 3'000);
   plan.traits = {};
 }
 
@@ -109,7 +110,7 @@ PrinterPlans planPrinters(std::uint64_t seed, int count, std::chrono::seconds le
     plan.managerId = L"m" + std::to_wstring(place);
     plan.traits = {.network = random.chance(50), .ctrlPort = random.chance(50)};
     plan.interval = drawInterval(random, milliseconds);
-    if (hasLongPauses(seed) && random.chance(8)) pauseLong(plan);
+    if (hasLongPauses(seed) && random.chance(8)) pauseLong(plan, random);
     plans.scenario += printerElement(random, plan, milliseconds, count);
     plans.printers.push_back(std::move(plan));
   }

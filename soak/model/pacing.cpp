@@ -8,6 +8,8 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr int kIdleCycles = 10;
+// A new list takes its last check to be so long ago, and its last NPA run twice as long: no list of the soak pauses for that.
+constexpr std::chrono::milliseconds kFirstCheck = 10min;
 // Durations are compared in whole milliseconds, so the last NPA run counts as recent up to one more than the interval.
 constexpr auto kTruncated = 1ms;
 // A wait uses up a wake-up, if there is one, and is over at once. So one that lasted shows that there was none. Where the
@@ -23,17 +25,22 @@ constexpr std::chrono::milliseconds kIdleSlack = 50ms;
 
 std::chrono::milliseconds intervalOf(const List& list) { return std::chrono::milliseconds(std::max(list.interval, 0)); }
 
+// What its next wait takes if it counts from the last check.
+std::chrono::milliseconds waitOf(const List& list) {
+  return list.pace.fresh ? std::max(0ms, intervalOf(list) - kFirstCheck) : intervalOf(list);
+}
+
 // For all that can be seen, its turn came by the time and not by a wake-up.
 bool hasWaited(const List& list, Moment now) {
-  const auto late = now - (list.pace.checkLow + intervalOf(list));
-  return late >= 0ms && late * kPunctual <= intervalOf(list);
+  const auto late = now - (list.pace.checkLow + waitOf(list));
+  return late >= 0ms && late * kPunctual <= waitOf(list);
 }
 
 // Wake-ups by a timer that the worker came to stop so late. After another wake-up the wait begins anew with what is left.
 int postsOfTimer(const List& list, std::chrono::nanoseconds late) {
-  if (list.interval <= 0 || list.pace.fresh || list.queue.empty()) return 0;
+  if (waitOf(list) <= 0ms || list.queue.empty()) return 0;
   if (list.pace.idled) late = std::min<std::chrono::nanoseconds>(late, std::max(intervalOf(list), kLongStall));
-  const std::chrono::milliseconds whole = list.pace.woken.value ? 0ms : intervalOf(list) - kLongStall;
+  const std::chrono::milliseconds whole = list.pace.woken.value ? 0ms : waitOf(list) - kLongStall;
   const std::chrono::nanoseconds shortest = std::max(whole, std::chrono::milliseconds(1));
   return static_cast<int>(std::min<std::int64_t>(late / shortest, 1'000));
 }
@@ -53,7 +60,7 @@ bool pacedByCheck(const List& list) {
 
 Earliest nextTurn(const List& list) {
   const Pace& pace = list.pace;
-  if (pace.fresh) return {pace.checkLow, false};
+  if (pace.fresh) return {pace.checkLow + waitOf(list), waitOf(list) > 0ms};
   if (pace.keptLast) return {pace.npaLow + intervalOf(list), false};
   if (pacedByCheck(list)) return {pace.checkLow + intervalOf(list), true};
   return {std::max(pace.checkLow, pace.npaLow + intervalOf(list)), false};
