@@ -1,0 +1,45 @@
+/// Which lists the module still finds.
+
+#include "Story.h"
+
+namespace soak::test {
+namespace {
+
+constexpr std::string_view kNetwork = "AppPrinterSdk_GetNetWork";
+constexpr std::string_view kJobs = "AppMgr_GetPrintingJob";
+constexpr std::string_view kScan = "AppPrinterSdk_IsSuppportPushScan";
+
+class Registry : public Story {};
+
+TEST_F(Registry, ThatStillHasANewListAfterAnOldWorkersEndIsADifference) {
+  add(1, repeating(Type::GetNetwork));
+  seen(callOf(kNetwork));  // hangs
+  stop();
+  add(2, repeating(Type::GetNetwork));
+  runsOn(kNewHelper);
+  network(2);
+  seen({.what = What::callEnd, .thread = kHelper, .function = kNetwork});
+  runsOn(kHelper);
+  notice(1);
+  released(1);
+  seen(endOf(kHelper));
+  add(3, repeating(Type::GetNetwork));
+  runsOn(kNewHelper);
+  call(kNetwork);
+  notice(2);
+  refused(noticeTo(3), "in the run of GetNetwork of task 2, where all windows have been told");
+}
+
+TEST_F(Registry, ThatStopHasClearedMayHaveAListThatAPauseFoundBefore) {
+  add(1, {.type = Type::State, .once = false, .npaRequested = true});
+  seen({.what = What::pauseBegin, .thread = kCaller + 1, .traits = {.type = Type::State}});
+  seen(callOf(kJobs));
+  stop();
+  seen({.what = What::callEnd, .thread = kHelper, .function = kJobs});
+  call(kScan);  // it marked its tasks only now
+  notice(1);
+  seen({.what = What::pauseEnd, .thread = kCaller + 1});
+}
+
+}  // namespace
+}  // namespace soak::test
