@@ -9,6 +9,7 @@
 #include <thread>
 #include <vector>
 
+#include "model/Holdups.h"
 #include "model/PrinterModel.h"
 
 namespace soak {
@@ -56,6 +57,7 @@ class Checker {
   void fail(PrinterId printer, const std::string& text);
 
   std::vector<std::unique_ptr<PrinterModel>> m_models;
+  Holdups m_holdups;
   std::vector<std::atomic<bool>> m_unclear;  // by printer
   Totals m_totals;
   const OnDifference m_onDifference;

@@ -53,6 +53,7 @@ bool Checker::takeAll() {
 
 void Checker::see(const Event& event) {
   count(event);
+  if (const auto difference = m_holdups.see(event)) m_onDifference(*difference, m_totals);
   if (event.printer == kNoPrinter) return m_onDifference(strayText(event), m_totals);
   if (event.printer != kEveryPrinter) return show(event.printer, event);
   for (PrinterId printer = 0; printer < m_models.size(); ++printer) show(printer, event);

@@ -58,17 +58,23 @@ std::string span(int from, int length) {
 }
 
 std::string drawFault(Random& random, const simulator::FunctionRow& row, int from) {
-  const bool hangs = row.answer == simulator::Answer::nothing || random.chance(15);
+  const bool hangs = row.answer == simulator::Answer::nothing || random.chance(25);
   if (hangs) return "<hang" + attribute("ms", to_string(random.between(1'000, 4'000))) + span(from, 200) + "/>";
   const bool code = row.answer != simulator::Answer::flag;
   return "<fail" + (code ? attribute("code", to_string(-random.between(1, 900))) : "") + span(from, random.between(200, 900)) +
          "/>";
 }
 
+// One that is called all the time is met more often than the rest together.
+std::size_t drawFunction(Random& random) {
+  if (random.chance(20)) return simulator::indexOf(simulator::Function::getPrintingJob);
+  return static_cast<std::size_t>(random.between(0, static_cast<int>(simulator::functionCount) - 1));
+}
+
 std::string faults(Random& random, int milliseconds, int most) {
   std::map<std::size_t, std::string> byFunction;
   for (int at = random.between(200, 3'000); at < milliseconds; at += drawGap(random, 200, 2'000, milliseconds, most)) {
-    const auto function = static_cast<std::size_t>(random.between(0, static_cast<int>(simulator::functionCount) - 1));
+    const std::size_t function = drawFunction(random);
     byFunction[function] += drawFault(random, simulator::functionTable[function], at);
   }
   std::string text;
