@@ -46,7 +46,7 @@ Resources Resources::now() {
 std::string textOf(const Resources& resources) {
   std::string text = std::to_string(resources.threads) + " threads";
   if (resources.handles) text += ", " + std::to_string(*resources.handles) + " handles";
-  if (resources.blocks) text += ", " + std::to_string(*resources.blocks) + " allocated blocks";
+  text += resources.blocks ? ", " + std::to_string(*resources.blocks) + " allocated blocks" : ", allocated blocks not counted";
   return text;
 }
 
