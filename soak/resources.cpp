@@ -16,8 +16,8 @@ using namespace std::chrono_literals;
 
 constexpr auto kPatience = 90s;
 // The platform's mutexes get a handle when threads first meet at them, and keep it: those of the process that are never
-// destroyed.
-constexpr int kMutexHandles = 12;
+// destroyed. Seen: 29 handles after few calls, 32 after however many.
+constexpr int kMutexHandles = 5;
 
 std::string excess(const char* what, long long before, long long now) {
   return std::string(what) + ": " + std::to_string(now) + ", " + std::to_string(before) + " before\n";
