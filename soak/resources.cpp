@@ -16,7 +16,7 @@ using namespace std::chrono_literals;
 
 constexpr auto kPatience = 90s;
 // The platform's mutexes get a handle when threads first meet at them, and keep it: those of the process that are never
-// destroyed. Seen: 29 to 31 handles after the first second, up to 34 at the end. A leak soon comes to more.
+// destroyed. Seen: 29 to 34 handles after the first second, at most three more at the end. A leak soon comes to more.
 constexpr int kMutexHandles = 8;
 
 std::string excess(const char* what, long long before, long long now) {
