@@ -54,7 +54,7 @@ class Checker {
   void show(PrinterId printer, const Event& event);
   void count(const Event& event);
   void setAside(PrinterId printer);
-  void fail(PrinterId printer, const std::string& text);
+  void fail(const std::string& text);
 
   std::vector<std::unique_ptr<PrinterModel>> m_models;
   Holdups m_holdups;

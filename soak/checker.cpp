@@ -17,6 +17,8 @@ constexpr auto kBetweenTicks = 1s;
 constexpr std::size_t kManyStates = 100;
 constexpr std::size_t kFewOf = 20;  // printers
 
+std::string headOf(PrinterId printer) { return "difference at printer " + std::to_string(printer) + ":\n"; }
+
 }  // namespace
 
 Checker::Checker(const std::vector<PrinterTraits>& printers, OnDifference onDifference)
@@ -53,8 +55,8 @@ bool Checker::takeAll() {
 
 void Checker::see(const Event& event) {
   count(event);
-  if (const auto difference = m_holdups.see(event)) m_onDifference(*difference, m_totals);
-  if (event.printer == kNoPrinter) return m_onDifference(strayText(event), m_totals);
+  if (const auto difference = m_holdups.see(event)) fail(*difference);
+  if (event.printer == kNoPrinter) return fail(strayText(event));
   if (event.printer != kEveryPrinter) return show(event.printer, event);
   for (PrinterId printer = 0; printer < m_models.size(); ++printer) show(printer, event);
 }
@@ -63,16 +65,16 @@ void Checker::show(PrinterId printer, const Event& event) {
   PrinterModel& model = *m_models[printer];
   const std::uint64_t runs = model.runs();
   const bool followed = !model.isSetAside();
-  if (const auto difference = model.see(event)) fail(printer, *difference);
+  if (const auto difference = model.see(event)) fail(headOf(printer) + *difference);
   m_totals.runs += model.runs() - runs;
   m_totals.mostStates = std::max(m_totals.mostStates, model.mostStates());
   if (followed && model.isSetAside()) setAside(printer);
   m_unclear[printer].store(model.states() > kManyStates);
 }
 
-void Checker::fail(PrinterId printer, const std::string& text) {
+void Checker::fail(const std::string& text) {
   ++m_totals.differences;
-  m_onDifference("difference at printer " + std::to_string(printer) + ":\n" + text, m_totals);
+  m_onDifference(text, m_totals);
 }
 
 void Checker::setAside(PrinterId printer) {
@@ -107,7 +109,7 @@ void Checker::finish() {
   m_thread.join();
   for (PrinterId printer = 0; printer < m_models.size(); ++printer) {
     PrinterModel& model = *m_models[printer];
-    if (const auto left = model.atRest(std::chrono::system_clock::now())) fail(printer, "at the end, " + *left);
+    if (const auto left = model.atRest(std::chrono::system_clock::now())) fail(headOf(printer) + "at the end, " + *left);
   }
 }
 

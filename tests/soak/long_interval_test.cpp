@@ -5,8 +5,6 @@
 namespace soak::test {
 namespace {
 
-constexpr std::string_view kJobs = "AppMgr_GetPrintingJob";
-constexpr std::string_view kScan = "AppPrinterSdk_IsSuppportPushScan";
 constexpr int kInterval = 600'500;
 
 class LongInterval : public Story {

@@ -5,7 +5,6 @@
 namespace soak::test {
 namespace {
 
-constexpr std::string_view kNetwork = "AppPrinterSdk_GetNetWork";
 constexpr std::string_view kWhy = "it should have been marked as updated before its window is told";
 
 class NoticeWithoutTheMark : public Story {

@@ -5,10 +5,6 @@
 namespace soak::test {
 namespace {
 
-constexpr std::string_view kNetwork = "AppPrinterSdk_GetNetWork";
-constexpr std::string_view kJobs = "AppMgr_GetPrintingJob";
-constexpr std::string_view kScan = "AppPrinterSdk_IsSuppportPushScan";
-
 class Registry : public Story {};
 
 TEST_F(Registry, ThatStillHasANewListAfterAnOldWorkersEndIsADifference) {
