@@ -15,10 +15,13 @@ namespace examples {
 /// Code that still runs when it is unloaded ends the process, and neither `Stop` nor the last line in the log says that the
 /// module's threads are gone: only the system knows. So this class looks which threads the process has that it had not before.
 /// From its construction until it has unloaded the library, the program starts no other thread. Threads that the system itself
-/// adds meanwhile cannot be told from the module's, and are waited for too.
+/// adds meanwhile, such as those of its thread pools, cannot be told from the module's, and are waited for too.
 ///
 /// The library exports `extern "C" void endTasks()`, which deletes all of its tasks and calls `Stop` (`AddedTasks::end`).
-/// It may be called more than once. One thread at a time may use an object.
+/// It may be called more than once. One that has windows or other objects of the module's classes also exports
+/// `extern "C" void dropObjects()`, which destroys them: it is called once, when nothing of the module runs any more.
+///
+/// One thread uses an object: that of the library's windows, if it has any.
 class UnloadableLibrary {
  public:
   /// Loads it. Throws `std::system_error` when there is no such library, or when it cannot be ended; it is then not loaded.
@@ -34,12 +37,16 @@ class UnloadableLibrary {
     return reinterpret_cast<Function*>(reinterpret_cast<void*>(find(name)));
   }
 
-  /// Ends all tasks, waits until their threads are gone, and unloads the library. False when a thread is left after `limit`;
-  /// the library is then still loaded, and another call goes on waiting. That is so when a printer hangs, but also with healthy
-  /// ones when `limit` is too short: a worker first ends the run that is under way, or waits until an interval has passed since
-  /// its last NPA run. So `limit` exceeds the longest run plus the longest interval. Where a printer's task was added after a
-  /// `Stop`, it exceeds the run plus ten intervals: the old worker may have unregistered the new list, which `Stop` then does
-  /// not reach, and whose worker ends only because it is idle.
+  /// Ends all tasks, waits until their threads are gone, and unloads the library. Messages that are sent to windows of the
+  /// calling thread meanwhile are answered, as those who send them (`ThreadToSelf`) are waited for; posted ones stay where they
+  /// are, and those to windows that `dropObjects` destroys are lost.
+  ///
+  /// False when a thread is left after `limit`; the library is then still loaded, and another call goes on waiting. That is so
+  /// when a printer hangs, but also with healthy ones when `limit` is too short: a worker first ends the run that is under way,
+  /// or waits until an interval has passed since its last NPA run, and threads that the system has added take their own time,
+  /// often half a minute. So `limit` exceeds the longest run plus the longest interval, and a minute. Where a printer's task
+  /// was added after a `Stop`, it exceeds the run plus ten intervals: the old worker may have unregistered the new list, which
+  /// `Stop` then does not reach, and whose worker ends only because it is idle.
   ///
   /// Throws `std::system_error` when the system does not tell which threads there are, or does not unload the library.
   [[nodiscard]] bool unload(std::chrono::milliseconds limit);
@@ -53,6 +60,7 @@ class UnloadableLibrary {
   const std::map<DWORD, Handle> m_threadsBefore;  // by id; open, because the id of an open thread is given to no other
   HMODULE m_library;
   void (*m_endTasks)();
+  void (*m_dropObjects)();  // null: it exports none
 };
 
 }  // namespace examples

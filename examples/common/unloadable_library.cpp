@@ -4,13 +4,13 @@
 
 #include <algorithm>
 #include <system_error>
-#include <thread>
+#include <utility>
 #include <vector>
 
 namespace examples {
 namespace {
 
-constexpr auto kPause = std::chrono::milliseconds(2);  // between two looks: the system tells nobody that a thread has ended
+constexpr DWORD kPause = 2;  // ms between two looks: the system tells nobody that a thread has ended
 
 [[noreturn]] void fail(const std::string& what) {
   throw std::system_error(static_cast<int>(::GetLastError()), std::system_category(), what);
@@ -37,6 +37,13 @@ std::map<DWORD, Handle> openThreadsOfThisProcess() {
   return threads;
 }
 
+// Whoever sends a message to a window of this thread waits until it is answered. Posted messages are not taken.
+void pauseAndAnswer() {
+  ::MsgWaitForMultipleObjects(0, nullptr, FALSE, kPause, QS_SENDMESSAGE);
+  MSG message;
+  ::PeekMessageW(&message, nullptr, 0, 0, PM_NOREMOVE | PM_QS_SENDMESSAGE);
+}
+
 }  // namespace
 
 UnloadableLibrary::UnloadableLibrary(const std::wstring& path)
@@ -44,6 +51,7 @@ UnloadableLibrary::UnloadableLibrary(const std::wstring& path)
   if (m_library == nullptr) fail("the library cannot be loaded");
   try {
     m_endTasks = function<void()>("endTasks");
+    m_dropObjects = reinterpret_cast<void (*)()>(reinterpret_cast<void*>(::GetProcAddress(m_library, "dropObjects")));
   } catch (...) {
     ::FreeLibrary(m_library);  // it has been given nothing to do yet
     throw;
@@ -62,8 +70,9 @@ bool UnloadableLibrary::unload(std::chrono::milliseconds limit) {
   const auto deadline = std::chrono::steady_clock::now() + limit;
   while (!threadsAreGone()) {
     if (std::chrono::steady_clock::now() >= deadline) return false;
-    std::this_thread::sleep_for(kPause);
+    pauseAndAnswer();
   }
+  if (m_dropObjects != nullptr) std::exchange(m_dropObjects, nullptr)();
   if (::FreeLibrary(m_library) == 0) fail("the library cannot be unloaded");
   m_library = nullptr;
   return true;

@@ -10,6 +10,11 @@ bool beginTransfer();
 /// Makes a printer and adds a task that its worker waits five seconds with, whoever wakes it: the last NPA run of a new list
 /// counts as twenty minutes old, and the printer's interval is five seconds longer.
 void beginWait();
+/// Makes a printer and adds a task whose window passes each notice on to a window of the calling thread. True once somebody
+/// waits there for an answer.
+bool beginMessages();
 /// Lets the call return.
 void releaseCall();
+/// As `endTasks`, for objects.
+void dropObjects();
 }

@@ -6,6 +6,7 @@
 ///   module_loader others-end   the same, when threads of the program that were there before have ended meanwhile
 ///   module_loader waiting      unloads the library while a worker waits out its interval, with an attempt before that is over
 ///   module_loader transfer     unloads the library during a firmware transfer that takes days
+///   module_loader messages     unloads the library while somebody waits for this thread's window to answer
 ///   module_loader no-end       loads a library that does not export how to end its tasks
 ///   module_loader idle ROUNDS  as often, loads the module and unloads it, and nothing else; no handle may be left
 ///
@@ -95,6 +96,13 @@ int unloadInTransfer() {
   return isModuleLoaded() ? 6 : 0;
 }
 
+int unloadWhileSomebodySends() {
+  examples::UnloadableLibrary library(L"module_plugin.dll");
+  if (!library.function<decltype(beginMessages)>("beginMessages")()) return 3;
+  if (!library.unload(kPatience) || !library.threadsAreGone()) return 5;
+  return isModuleLoaded() ? 6 : 0;
+}
+
 int loadWithoutEnd() {
   try {
     const examples::UnloadableLibrary library(kModule);
@@ -160,6 +168,7 @@ int main(int count, char** values) {
   if (mode == "others-end" && count == 2) return unloadAfterOthersEnded();
   if (mode == "waiting" && count == 2) return unloadInWait();
   if (mode == "transfer" && count == 2) return unloadInTransfer();
+  if (mode == "messages" && count == 2) return unloadWhileSomebodySends();
   if (mode == "no-end" && count == 2) return loadWithoutEnd();
   if (mode == "idle" && rounds > 0) return runIdleRounds(rounds);
   return 7;

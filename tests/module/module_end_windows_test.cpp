@@ -57,6 +57,11 @@ TEST_F(ModuleEndTest, LibraryWhoseWorkerWaitsIsNotUnloadedBeforeItsIntervalIsOve
 
 TEST_F(ModuleEndTest, LibraryThatCannotBeEndedIsRefusedAndNotLoaded) { run(L"module_loader.exe", {L"no-end"}); }
 
+TEST_F(ModuleEndTest, LibraryIsUnloadedWhileItsMessagesWaitForTheUnloadingThread) {
+  ::GetDesktopWindow();  // Wine starts a process for it, which would live on with the child's output
+  run(L"module_loader.exe", {L"messages"});
+}
+
 TEST_F(ModuleEndTest, LibraryIsUnloadedDuringATransfer) { run(L"module_loader.exe", {L"transfer"}); }
 
 TEST_F(ModuleEndTest, HundredLoadsAndUnloadsLeaveTheirLinesAndNoHandle) {

@@ -2,6 +2,8 @@
 
 #include "module/Plugin.h"
 
+#include <semaphore>
+
 #include "common/AddedTasks.h"
 #include "module/Application.h"
 #include "simulator/SimulatedPrinters.h"
@@ -20,6 +22,29 @@ class Window : public support::PlainWindow {
  public:
   bool Notice(long /*code*/) const override { return true; }
 };
+
+/// Tells a window that takes nothing but messages, which a process without a display can have too.
+class MessageWindow : public support::PlainWindow {
+ public:
+  ~MessageWindow() override { ::DestroyWindow(m_window); }
+
+  bool Notice(long /*code*/) const override {
+    ThreadToSelf(WM_APP, 0, 0);
+    return true;
+  }
+  __int64 SendSelfMsg(unsigned msg, unsigned __int64 wParam, __int64 lParam) const override {
+    m_senders.release();
+    return ::SendMessageW(m_window, msg, wParam, lParam);
+  }
+  bool waitForSender() const { return m_senders.try_acquire_for(kPatience); }
+
+ private:
+  const HWND m_window =
+      ::CreateWindowExW(0, L"Static", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, ::GetModuleHandleW(nullptr), nullptr);
+  mutable std::counting_semaphore<> m_senders{0};
+};
+
+std::shared_ptr<MessageWindow> g_messageWindow;
 
 template <class Record>
 void addOnce(const std::shared_ptr<qzstd::PrinterInfo>& info, AppComm::Type type) {
@@ -62,6 +87,18 @@ extern "C" __declspec(dllexport) void beginWait() {
   addOnce<AppComm::DevParam>(std::make_shared<qzstd::PrinterInfo>(simulator::newPrinterInfo(L"slow")),
                              AppComm::Type::GetDevParam);
 }
+
+extern "C" __declspec(dllexport) bool beginMessages() {
+  application::loadPrinters(printer("polled", "connection='usb' interval='10'"));
+  g_messageWindow = std::make_shared<MessageWindow>();
+  const auto info = std::make_shared<qzstd::PrinterInfo>(simulator::newPrinterInfo(L"polled"));
+  auto task = AppComm::Node::Instance(info, g_messageWindow, 1, AppComm::Type::State);
+  task->setResource(std::make_shared<AppComm::State>());
+  g_tasks.add(std::move(task));
+  return g_messageWindow->waitForSender();
+}
+
+extern "C" __declspec(dllexport) void dropObjects() { g_messageWindow.reset(); }
 
 extern "C" __declspec(dllexport) void releaseCall() { simulator::releaseCalls(); }
 
