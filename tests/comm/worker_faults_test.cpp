@@ -87,6 +87,18 @@ TEST_F(WorkerFaultDeathTest, WindowThatThrowsWhenItIsToldEndsTheProcess) {
       "the window is gone");
 }
 
+// Nothing promises the end in these two, but to go on with such a task would be worse.
+TEST_F(WorkerFaultDeathTest, AddOfNoTaskEndsTheProcess) { EXPECT_DEATH(Add(nullptr), ""); }
+
+TEST_F(WorkerFaultDeathTest, TaskWithoutTheWindowThatIsToldEndsTheProcess) {
+  EXPECT_DEATH(
+      {
+        Add(AppComm::Node::Instance(std::make_shared<qzstd::PrinterInfo>(), nullptr, 1, Type::State));
+        handlers.awaitNoLists();
+      },
+      "");
+}
+
 TEST_F(WorkerFaultDeathTest, TypeFarBeyondTheTableEndsTheProcess) {
   for (const int type : {-1, std::numeric_limits<std::int32_t>::min(), std::numeric_limits<std::int32_t>::max()}) {
     EXPECT_DEATH(
