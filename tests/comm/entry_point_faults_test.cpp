@@ -5,24 +5,18 @@
 
 #include <algorithm>
 #include <string_view>
-#include <vector>
 
 #include "comm/EntryPoint.h"
-#include "fakes/FaultyWindows.h"
+#include "fakes/LineFaults.h"
 #include "log/Log.h"
 #include "support/LogLines.h"
 
 namespace {
 
-using Names = std::vector<std::string_view>;
+using fakes::joined;
+using fakes::Names;
 
-const Names kLine = {"MultiByteToWideChar", "MultiByteToWideChar", "WaitForSingleObject", "CreateFileW",     "SetFilePointer",
-                     "WriteFile",           "GetFileSizeEx",       "CloseHandle",         "ReleaseSemaphore"};
-
-Names joined(Names first, const Names& second) {
-  first.insert(first.end(), second.begin(), second.end());
-  return first;
-}
+const Names kLine = joined(fakes::kCallsOfAnAppend, {"ReleaseSemaphore"});
 
 void attach() { comm::attachProcess(nullptr); }
 void detach() { comm::detachProcess(); }
@@ -34,35 +28,24 @@ class EntryPointFaults : public testing::Test {
   /// of the calls of `act`.
   template <class Arrange, class Act, class Check>
   Names failEachCall(Arrange arrange, Act act, Check check) {
-    Names failed;
-    while (failed.size() < kMostCalls) {
+    return fakes::namesOfFailed([&](std::size_t nth) {
       fakes::FaultyWindows windows;
       const fakes::Installed installed(windows);
       windows.makeFolder(L"C:\\log");
       windows.writeFile(L"C:\\log\\orva_config.ini", "[Corvane]\r\nDebug=1\r\n");
       windows.expireWaits();  // a semaphore that a fault left taken is not waited for
       arrange();
-      windows.failCall(failed.size() + 1);
-      act();
-      const auto name = windows.failedCall();
-      windows.failCall(0);
-      failed.push_back(name);
-      SCOPED_TRACE(testing::Message() << "call " << failed.size() << ", " << name << ", fails");
-      check(name, failed.size(), support::LogLines(windows));
+      const auto name = fakes::failNthCall(windows, nth, act);
+      SCOPED_TRACE(testing::Message() << "call " << nth << ", " << name << ", fails");
+      check(name, nth, support::LogLines(windows));
       expectOff(windows);
       expectAnotherLife(windows);
-      if (!name.empty()) continue;
-      failed.pop_back();
-      return failed;
-    }
-    ADD_FAILURE() << "calls without end";
-    return failed;
+      return name;
+    });
   }
 
   // Whether a line is there under its name although this call of its own failed.
-  static bool isWritten(std::string_view failed) {
-    return failed != "MultiByteToWideChar" && failed != "CreateFileW" && failed != "SetFilePointer" && failed != "WriteFile";
-  }
+  static bool isWritten(std::string_view failed) { return failed != "MultiByteToWideChar" && !fakes::losesTheLine(failed); }
 
   static void expectOff(const fakes::InMemoryWindows& windows) {
     EXPECT_EQ(g_logMask, 0U);
@@ -79,8 +62,6 @@ class EntryPointFaults : public testing::Test {
   }
 
  private:
-  static constexpr std::size_t kMostCalls = 100;
-
   static void expectAnotherLife(const fakes::InMemoryWindows& windows) {
     const support::LogLines lines(windows);
     const auto attached = lines.count("DllMain", 264);

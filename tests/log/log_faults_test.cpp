@@ -3,20 +3,19 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
-#include <vector>
 
-#include "fakes/FaultyWindows.h"
+#include "fakes/LineFaults.h"
 #include "fakes/StepFault.h"
 #include "log/LogCases.h"
 #include "log/LogTest.h"
 
 namespace {
 
-using Names = std::vector<std::string_view>;
+using fakes::joined;
+using fakes::kCallsOfAnAppend;
+using fakes::Names;
 
 const std::wstring kTime = L"2024-03-07 09:05:03.042 ";
-const Names kAppend = {"MultiByteToWideChar", "MultiByteToWideChar", "WaitForSingleObject", "CreateFileW",
-                       "SetFilePointer",      "WriteFile",           "GetFileSizeEx",       "CloseHandle"};
 
 std::wstring numbered(int number) { return L"C:\\log\\Corvane" + std::to_wstring(number) + L".log"; }
 
@@ -26,16 +25,10 @@ std::wstring line(int number) { return kTime + L"[DBG] [f] [" + std::to_wstring(
 // What there is of line 2 when this call failed while it was written.
 std::wstring leftOfLineTwo(std::string_view failed) {
   if (failed == "MultiByteToWideChar") return kTime + L"[DBG] [] [2] m\r\n";
-  const bool lost = failed == "CreateFileW" || failed == "SetFilePointer" || failed == "WriteFile";
-  return lost ? L"" : line(2);
+  return fakes::losesTheLine(failed) ? L"" : line(2);
 }
 
 constexpr std::size_t kPrintsOfALine = 5;  // the time, the tag, the name, the number, the message
-
-Names joined(Names first, const Names& second) {
-  first.insert(first.end(), second.begin(), second.end());
-  return first;
-}
 
 // Whose log file has grown too large, when the test says so.
 struct Platform : fakes::FaultyWindows {
@@ -59,30 +52,24 @@ class LogFaults : public LogTest {
   /// the call's name. Ends with the n that is no call of `act` any more; returns the names of those that failed.
   template <class Arrange, class Act, class Check>
   Names failEachCall(Arrange arrange, Act act, Check check) {
-    Names failed;
-    while (failed.size() < kMostCalls) {
+    return fakes::namesOfFailed([&](std::size_t nth) {
       startAnew();
       arrange();
-      platform->failCall(failed.size() + 1);
-      act();
-      const auto name = platform->failedCall();
-      platform->failCall(0);
-      if (name.empty()) return failed;
-      failed.push_back(name);
-      SCOPED_TRACE(testing::Message() << "call " << failed.size() << ", " << name << ", fails");
+      const auto name = fakes::failNthCall(*platform, nth, act);
+      if (name.empty()) return name;
+      SCOPED_TRACE(testing::Message() << "call " << nth << ", " << name << ", fails");
       EXPECT_EQ(windows->openFileHandles(), 0U);
       EXPECT_EQ(windows->semaphoreCount(L"OrvaQZ_Corvane").value_or(1), name == "ReleaseSemaphore" ? 0 : 1);
       check(name);
       EXPECT_EQ(windows->semaphoreCount(L"OrvaQZ_Corvane").value_or(1), 1);
-    }
-    ADD_FAILURE() << "calls without end";
-    return failed;
+      return name;
+    });
   }
 
   /// The same for such steps beside the calls; `check` is told the n. Returns how many there are.
   template <class Arrange, class Act, class Check>
   std::size_t failEachStep(fakes::Step step, Arrange arrange, Act act, Check check) {
-    for (std::size_t nth = 1; nth <= kMostCalls; ++nth) {
+    for (std::size_t nth = 1; nth <= fakes::kMostSteps; ++nth) {
       startAnew();
       arrange();
       bool happened = false;
@@ -98,7 +85,7 @@ class LogFaults : public LogTest {
       check(nth);
     }
     ADD_FAILURE() << "steps without end";
-    return kMostCalls;
+    return fakes::kMostSteps;
   }
 
   void startAnew() {
@@ -119,9 +106,6 @@ class LogFaults : public LogTest {
   }
 
   Platform* platform = nullptr;
-
- private:
-  static constexpr std::size_t kMostCalls = 100;
 };
 
 TEST_F(LogFaults, EachCallOfLogInit) {
@@ -170,7 +154,7 @@ TEST_F(LogFaults, EachCallOfAnAppend) {
                                      writeLine(3);
                                      EXPECT_EQ(text(), line(1) + leftOfLineTwo(name) + line(3));
                                    });
-  EXPECT_EQ(failed, joined(kAppend, {"ReleaseSemaphore"}));
+  EXPECT_EQ(failed, joined(kCallsOfAnAppend, {"ReleaseSemaphore"}));
 }
 
 /// Line 2 takes the file over its size, while there are as many numbered files as the parameter says.
@@ -250,7 +234,7 @@ TEST_P(LogRotationFaults, EachCall) {
                                      expectNothingElseLost(leftOfLineTwo(name), replacedWhen(name));
                                      expectTheNextRotationWorks();
                                    });
-  EXPECT_EQ(failed, joined(joined(kAppend, rotation()), {"ReleaseSemaphore"}));
+  EXPECT_EQ(failed, joined(joined(kCallsOfAnAppend, rotation()), {"ReleaseSemaphore"}));
 }
 
 TEST_P(LogRotationFaults, EachFormattedPrint) {
