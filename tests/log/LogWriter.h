@@ -46,6 +46,5 @@ class LogWriter {
   const std::unique_ptr<logwriter::WriterLedger, Unmap> m_ledger;
   const support::Handle m_orders;
   const support::ChildProcess m_process;
-  const support::Handle m_handle;
   bool m_alive = true;
 };

@@ -4,8 +4,6 @@
 
 namespace {
 
-constexpr UINT kKilled = 1000001;
-
 template <class Owner>
 const Owner& checked(const Owner& owner, const char* what) {
   if (owner == nullptr) throw std::system_error(static_cast<int>(::GetLastError()), std::system_category(), what);
@@ -21,11 +19,9 @@ LogWriter::LogWriter(const std::wstring& name)
       m_ledger(static_cast<logwriter::WriterLedger*>(
           ::MapViewOfFile(checked(m_memory, "ledger").get(), FILE_MAP_ALL_ACCESS, 0, 0, sizeof(logwriter::WriterLedger)))),
       m_orders(::CreateEventW(nullptr, FALSE, FALSE, logwriter::orderEventName(name).c_str())),
-      m_process(L"log_writer.exe", {name}),
-      m_handle(::OpenProcess(PROCESS_TERMINATE | SYNCHRONIZE, FALSE, m_process.id())) {
+      m_process(L"log_writer.exe", {name}) {
   checked(m_ledger, "ledger");
   checked(m_orders, "orders");
-  checked(m_handle, "OpenProcess");
 }
 
 void LogWriter::give(logwriter::Order order) {
@@ -40,8 +36,7 @@ void LogWriter::rest() { m_ledger->order = logwriter::Order::Rest; }
 
 void LogWriter::kill() {
   m_alive = false;
-  ::TerminateProcess(m_handle.get(), kKilled);
-  ::WaitForSingleObject(m_handle.get(), logwriter::kDeadlineMs);
+  m_process.kill();
 }
 
 std::optional<std::uint32_t> LogWriter::end() {
