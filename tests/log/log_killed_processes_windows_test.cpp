@@ -6,6 +6,7 @@
 
 #include "log/LogCases.h"
 #include "log/LogWritersTest.h"
+#include "support/Watchdog.h"
 
 namespace {
 
@@ -42,6 +43,7 @@ TEST_P(RandomKills, CostNoCompletedLineUnlessAWaitTimesOutAndNoLaterOne) {
   LineAccount later;
   int strict = 0;
   for (int kill = 0; kill < kKills; ++kill) {
+    support::enterWatchedStep(testing::UnitTest::GetInstance()->current_test_info()->name());  // each kill has the limit
     ASSERT_NO_FATAL_FAILURE(startUpTo(kWriters));
     letWrite();
     ASSERT_TRUE(waitForLines(kSomeLines));
