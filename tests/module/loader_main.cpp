@@ -34,8 +34,9 @@ namespace {
 
 constexpr const wchar_t* kModule = L"AppCommunication.dll";
 constexpr auto kPatience = std::chrono::seconds(20);
-constexpr int kWarmRounds = 20;      // by then everything that is made once has been made
-constexpr int kMostBlocksLeft = 20;  // 2 were seen
+constexpr auto kPatienceWithAWait = std::chrono::seconds(40);  // for the rest of the 15 s that `beginWait` has a worker wait
+constexpr int kWarmRounds = 20;                                // by then everything that is made once has been made
+constexpr int kMostBlocksLeft = 20;                            // 2 were seen
 
 bool isModuleLoaded() { return ::GetModuleHandleW(kModule) != nullptr; }
 
@@ -85,7 +86,7 @@ int unloadInWait() {
   // The worker, and the helper that it starts to be woken by: only a worker that waits is deaf to the end.
   if (!support::waitForThreadCount(before + 2, std::chrono::steady_clock::now() + kPatience)) return 3;
   if (library.unload(std::chrono::milliseconds(100)) || !isModuleLoaded()) return 4;
-  if (!library.unload(kPatience) || !library.threadsAreGone()) return 5;
+  if (!library.unload(kPatienceWithAWait) || !library.threadsAreGone()) return 5;
   return isModuleLoaded() ? 6 : 0;
 }
 

@@ -83,7 +83,7 @@ extern "C" __declspec(dllexport) bool beginTransfer() {
 }
 
 extern "C" __declspec(dllexport) void beginWait() {
-  application::loadPrinters(printer("slow", "connection='usb' interval='1205000'"));
+  application::loadPrinters(printer("slow", "connection='usb' interval='1215000'"));
   addOnce<AppComm::DevParam>(std::make_shared<qzstd::PrinterInfo>(simulator::newPrinterInfo(L"slow")),
                              AppComm::Type::GetDevParam);
 }
