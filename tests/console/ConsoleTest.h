@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "support/ChildProcess.h"
+#include "support/LogFolder.h"
 
 namespace consoletest {
 
@@ -28,10 +29,8 @@ class ConsoleTest : public testing::Test {
     std::filesystem::remove_all(kFolder);
     std::filesystem::create_directories(kFolder);
   }
-  ~ConsoleTest() override {
-    std::filesystem::remove_all(kFolder);
-    std::filesystem::remove_all(L"C:\\log");
-  }
+  ~ConsoleTest() override { std::filesystem::remove_all(kFolder); }
+  void SetUp() override { m_logFolder.take(); }
 
   static Ended run(const Arguments& arguments) {
     const support::ChildProcess child(L"printer-console.exe", arguments);
@@ -55,6 +54,9 @@ class ConsoleTest : public testing::Test {
   }
 
   const std::filesystem::path kFolder = L"C:\\console-test";
+
+ private:
+  support::LogFolder m_logFolder;
 };
 
 }  // namespace consoletest

@@ -9,26 +9,21 @@
 #include <string>
 
 #include "log/Log.h"
+#include "support/LogFolder.h"
 
 /// The fixture of the log's tests on the real platform: the folder `C:\log` is there and empty, the log is off.
 class LogOnWindows : public testing::Test {
  protected:
   void SetUp() override {
-    // Somebody's own log, on a machine that is not for tests, is not ours to remove.
-    ASSERT_FALSE(std::filesystem::exists(kFolder)) << "C:\\log exists; these tests make and remove it themselves";
+    ASSERT_NO_FATAL_FAILURE(m_logFolder.take());
     std::filesystem::create_directory(kFolder);
-    m_folderIsOurs = true;
   }
 
   ~LogOnWindows() override {
-    if (!m_folderIsOurs) return;
     if (g_logSemaphore != nullptr) ::CloseHandle(g_logSemaphore);
     g_logSemaphore = nullptr;
     g_logMask = 0;
     std::wmemset(g_logPath, L'\0', LOG_PATH_UNITS);
-    std::error_code error;  // a file that was left open cannot be removed
-    std::filesystem::remove_all(kFolder, error);
-    EXPECT_FALSE(error) << error.message();
   }
 
   void writeIni(const std::string& keys) { writeBytes(L"orva_config.ini", "[Corvane]\r\n" + keys); }
@@ -61,8 +56,6 @@ class LogOnWindows : public testing::Test {
   bool exists(const std::wstring& name) const { return std::filesystem::exists(kFolder / name); }
 
   static constexpr std::size_t kTimeUnits = 24;
-  const std::filesystem::path kFolder = L"C:\\log";
-
- private:
-  bool m_folderIsOurs = false;
+  support::LogFolder m_logFolder;
+  const std::filesystem::path& kFolder = m_logFolder.path;
 };

@@ -9,18 +9,14 @@
 #include <vector>
 
 #include "support/ChildProcess.h"
+#include "support/LogFolder.h"
 #include "support/LogLine.h"
 
 /// Programs that use the module, and what its log says of them. The module reads its configuration when it is loaded, so each
 /// run is a process of its own. Before and after a test there is no folder of the log.
 class ClientTest : public testing::Test {
  protected:
-  ClientTest() { std::filesystem::remove_all(kFolder); }
-  ~ClientTest() override {
-    std::error_code error;  // a file that was left open cannot be removed
-    std::filesystem::remove_all(kFolder, error);
-    EXPECT_FALSE(error) << error.message();
-  }
+  void SetUp() override { m_logFolder.take(); }
 
   /// `keys` are lines of the ini file.
   void configure(const std::string& keys) const {
@@ -44,6 +40,7 @@ class ClientTest : public testing::Test {
     return support::parsedLog({std::istreambuf_iterator<char>(file), {}});
   }
 
-  const std::filesystem::path kFolder = L"C:\\log";
+  support::LogFolder m_logFolder;
+  const std::filesystem::path& kFolder = m_logFolder.path;
   const std::filesystem::path kLog = kFolder / L"Corvane.log";
 };

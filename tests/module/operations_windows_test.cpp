@@ -38,7 +38,10 @@ getNetwork:  notice caller the result of get device network.
 
 class OperationsTest : public ClientTest {
  protected:
-  OperationsTest() { configure("Error=1\r\nDebug=1\r\n"); }
+  void SetUp() override {
+    ASSERT_NO_FATAL_FAILURE(ClientTest::SetUp());
+    configure("Error=1\r\nDebug=1\r\n");
+  }
 
   /// What the client writes, with a line end before the first line too.
   static std::string run(const std::wstring& printer) {
