@@ -9,22 +9,11 @@
 #include <thread>
 #include <vector>
 
+#include "Totals.h"
 #include "model/Holdups.h"
 #include "model/PrinterModel.h"
 
 namespace soak {
-
-struct Totals {
-  std::uint64_t events = 0;
-  std::uint64_t runs = 0;
-  std::uint64_t notices = 0;
-  std::uint64_t refusals = 0;  ///< notices that a window answered with no
-  std::uint64_t failures = 0;  ///< library calls that the scenario had fail
-  std::uint64_t hangs = 0;     ///< library calls that it had hang
-  std::uint64_t setAside = 0;  ///< printers that the model could not follow to the end
-  std::size_t mostStates = 0;
-  int differences = 0;
-};
 
 /// Told of the first difference, or that too many printers cannot be followed: at once, on the checker's thread, and at the end
 /// on the thread that calls `finish`. It ends the process: the module may be in any state, and nothing of it is waited for.

@@ -39,6 +39,7 @@ inline constexpr std::string_view kHelp =
     "The same seed repeats the same decisions: printers, faults, and what each thread calls one after the other. How the\n"
     "threads meet differs from run to run, and with it which calls are left out and what the others find.\n"
     "\n"
-    "Exit code: 0 without a difference, 1 with one or when something is left over, 2 for a mistake in the command line.\n";
+    "Exit code: 0 without a difference; 1 with one, when something is left over, or when a soak that is long enough had no\n"
+    "runs, notices or faults; 2 for a mistake in the command line.\n";
 
 }  // namespace soak

@@ -11,6 +11,7 @@
 #include "Options.h"
 #include "Resources.h"
 #include "Soak.h"
+#include "Totals.h"
 
 namespace {
 
@@ -21,14 +22,6 @@ void print(const std::string& text) {
   std::fflush(stdout);
 }
 
-std::string lastLine(const soak::Options& options, const soak::Totals& totals) {
-  return "printers " + std::to_string(options.printers) + ", runs " + std::to_string(totals.runs) + ", notices " +
-         std::to_string(totals.notices) + ", faults " + std::to_string(totals.failures + totals.hangs + totals.refusals) +
-         " (failed calls " + std::to_string(totals.failures) + ", hangs " + std::to_string(totals.hangs) +
-         ", refused notices " + std::to_string(totals.refusals) + "), differences " + std::to_string(totals.differences) +
-         (totals.setAside == 0 ? "" : ", not decided " + std::to_string(totals.setAside) + " printers") + "\n";
-}
-
 std::string repeatLine(const soak::Options& options) {
   return "repeat with --seconds " + std::to_string(options.length.count()) + " --printers " + std::to_string(options.printers) +
          " --seed " + std::to_string(options.seed) + "; how the threads meet is not repeated\n";
@@ -36,7 +29,7 @@ std::string repeatLine(const soak::Options& options) {
 
 // Threads of the module may still be at work after a difference: nothing is destroyed under them.
 [[noreturn]] void endWith(const soak::Options& options, const std::string& difference, const soak::Totals& totals) {
-  print(difference + repeatLine(options) + lastLine(options, totals));
+  print(difference + repeatLine(options) + lastLine(options.printers, totals) + "\n");
   std::_Exit(1);
 }
 
@@ -53,9 +46,10 @@ int run(const soak::Options& options) {
     ++totals.differences;
     endWith(options, *left, totals);
   }
+  if (const auto nothing = soak::unseen(totals, options.length * options.printers)) endWith(options, *nothing, totals);
   print("before: " + textOf(before) + "; after: " + textOf(soak::Resources::now()) + "; events " +
         std::to_string(totals.events) + ", most states of one printer " + std::to_string(totals.mostStates) + "\n" +
-        lastLine(options, totals));
+        lastLine(options.printers, totals) + "\n");
   return 0;
 }
 
