@@ -1,6 +1,12 @@
 #include "Blocks.h"
 
-#if defined(_WIN32) || defined(__SANITIZE_ADDRESS__)
+#if defined(_WIN32)
+
+#include "module/HeapBlocks.h"
+
+std::optional<long long> soak::allocatedBlocks() { return heapBlocksInUse(); }
+
+#elif defined(__SANITIZE_ADDRESS__)
 
 std::optional<long long> soak::allocatedBlocks() { return std::nullopt; }
 

@@ -19,8 +19,9 @@ int countAllThreads() {
   for (BOOL more = ::Thread32First(snapshot, &entry); more != FALSE; more = ::Thread32Next(snapshot, &entry)) {
     if (entry.th32OwnerProcessID == process) ++count;
   }
+  const bool complete = ::GetLastError() == ERROR_NO_MORE_FILES;  // a list that was cut short has too few
   ::CloseHandle(snapshot);
-  return count;
+  return complete ? count : -1;
 }
 
 }  // namespace support
