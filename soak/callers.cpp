@@ -76,7 +76,7 @@ void Callers::actOn(PrinterId place, Random& random) {
   if (what <= 45) return add(random, place);
   if (what <= (stopsSeldom(m_seed) ? 50 : 46)) return emptyPrinter(place);
   if (what <= 65) {
-    const Type type = random.chance(80) ? Type::State : static_cast<Type>(random.between(0, 21));
+    const Type type = random.chance(80) ? Type::State : drawType(random);
     return requestNpa(random.chance(50), place, m_plans[place], type);
   }
   const auto task = anyTask(random, place);

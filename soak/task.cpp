@@ -5,6 +5,7 @@
 #include "Record.h"
 #include "Recorder.h"
 #include "Window.h"
+#include "model/Operation.h"
 
 namespace soak {
 namespace {
@@ -26,15 +27,15 @@ bool takesLong(Type type) {
   return type == Type::FirmUpgrade || type == Type::FirmUpCheck || type == Type::GetWifiList || type == Type::SetWifiList;
 }
 
-Type drawType(Random& random) {
+Type drawOften(Random& random) {
   if (random.chance(35)) return Type::State;
-  const auto type = static_cast<Type>(random.between(0, 21));
+  const Type type = drawType(random);
   return takesLong(type) && random.chance(70) ? Type::GetNetwork : type;
 }
 
 TaskTraits drawTraits(Random& random, const PrinterPlan& plan) {
   TaskTraits traits;
-  traits.type = plan.pausesLong ? Type::State : drawType(random);
+  traits.type = plan.pausesLong ? Type::State : drawOften(random);
   // Only the task that makes a list decides its pace.
   traits.interval = random.chance(80) || plan.interval > kSlow ? plan.interval : plan.interval * 2;
   constexpr std::int32_t statuses[] = {0, 0, 0, 11, 1, 3};
@@ -47,6 +48,8 @@ TaskTraits drawTraits(Random& random, const PrinterPlan& plan) {
 }
 
 }  // namespace
+
+Type drawType(Random& random) { return static_cast<Type>(random.between(0, static_cast<int>(kTypes) - 1)); }
 
 std::shared_ptr<Task> Task::draw(std::uint64_t seed, Random& random, PrinterId printer, const PrinterPlan& plan, TaskId code) {
   const TaskTraits traits = drawTraits(random, plan);

@@ -71,6 +71,9 @@ void noteReturn(Progress& at, Type type, const Event& event);
 /// Whether the operation also looks at the observers' records.
 bool sharesRecords(Type type);
 
+/// How many types of tasks there are, from 0.
+inline constexpr std::size_t kTypes = 22;
+
 /// The type's name as in `AppComm::Type`.
 std::string_view nameOf(Type type);
 

@@ -24,11 +24,12 @@ constexpr std::string_view kJoinStart = "AppMgr_PrinterWifiConfigStart", kJoinPr
 constexpr std::string_view kCheckStart = "AppSdk_TriggerFwUpgradeStart", kCheckProcess = "AppSdk_TriggerFwUpgradeProcess",
                            kCheckResult = "AppSdk_TriggerFwUpgradeResult";
 
-constexpr std::array<std::string_view, 22> kNames{
+constexpr std::array<std::string_view, kTypes> kNames{
     "State",         "GetAlarm",      "GetDevParam", "SetSupplyAlarm", "SetSleepTime", "SetPaperAlarm",
     "SetSilentMode", "SetTimedClear", "GetPushscan", "RegPushscan",    "RegUpgrade",   "PrintAdjust",
     "PrintClean",    "PrintQRcode",   "GetNetwork",  "SetNetwork",     "SetAdjust",    "FirmNewCheck",
     "FirmUpgrade",   "FirmUpCheck",   "GetWifiList", "SetWifiList"};
+static_assert(!kNames.back().empty());
 
 Next calls(std::initializer_list<std::string_view> functions) {
   Next next;
