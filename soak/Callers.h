@@ -3,6 +3,7 @@
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <mutex>
@@ -23,8 +24,8 @@ class Callers {
   Callers(const Callers&) = delete;
   Callers& operator=(const Callers&) = delete;
 
-  /// No new calls; returns when those under way are over.
-  void rest();
+  /// No new calls. True when those under way are over, false when some of them have not returned after a long time.
+  bool rest();
   /// After `rest`: every task that the module still holds is deleted.
   void deleteAll();
 
@@ -52,7 +53,8 @@ class Callers {
 
   std::mutex m_mutex;
   std::condition_variable m_changed;
-  bool m_resting = false;  // guarded by m_mutex
+  bool m_resting = false;     // guarded by m_mutex
+  std::size_t m_working = 0;  // guarded by m_mutex: threads
   std::vector<std::thread> m_threads;
 };
 

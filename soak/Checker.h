@@ -31,9 +31,11 @@ class Checker {
   /// more. Any thread.
   bool isUnclear(PrinterId printer) const { return m_unclear[printer].load(); }
 
+  /// Ends the watch.
+  void stop();
   /// Ends the watch, after the last event. What is left over then is a difference.
   void finish();
-  /// After `finish`.
+  /// After the end of the watch.
   const Totals& totals() const { return m_totals; }
 
  private:

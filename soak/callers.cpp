@@ -17,26 +17,27 @@ constexpr int kOneBusyOf = 12;          // printers
 constexpr int kActions = 6;             // each second for each printer, about
 constexpr int kBetweenStops = 5;        // seconds, about: it ends all lists, and leaves them time for the rest
 constexpr int kBetweenSeldomStops = 120;
+constexpr auto kPatience = 150s;  // what waits for room does that, and a call that is overdue is told before
 
 }  // namespace
 
 Callers::Callers(std::uint64_t seed, const std::vector<PrinterPlan>& printers, const Checker& checker)
     : m_seed(seed), m_plans(printers), m_checker(checker) {
   for (std::size_t place = 0; place < printers.size(); ++place) m_printers.push_back(std::make_unique<Printer>());
+  m_working = kThreads;
   for (std::uint64_t number = 0; number < kThreads; ++number) m_threads.emplace_back(&Callers::work, this, number);
 }
 
-Callers::~Callers() { rest(); }
+Callers::~Callers() {
+  rest();
+  for (std::thread& thread : m_threads) thread.join();
+}
 
-void Callers::rest() {
-  {
-    const std::lock_guard lock(m_mutex);
-    m_resting = true;
-  }
+bool Callers::rest() {
+  std::unique_lock lock(m_mutex);
+  m_resting = true;
   m_changed.notify_all();
-  for (std::thread& thread : m_threads) {
-    if (thread.joinable()) thread.join();
-  }
+  return m_changed.wait_for(lock, kPatience, [this] { return m_working == 0; });
 }
 
 void Callers::deleteAll() {
@@ -59,6 +60,8 @@ void Callers::work(std::uint64_t number) {
     lock.lock();
     m_changed.wait_for(lock, std::chrono::microseconds(random.between(0, mostRest)), [this] { return m_resting; });
   }
+  --m_working;
+  m_changed.notify_all();
 }
 
 void Callers::act(Random& random) {

@@ -27,9 +27,7 @@ Checker::Checker(const std::vector<PrinterTraits>& printers, OnDifference onDiff
   m_thread = std::thread(&Checker::watch, this);
 }
 
-Checker::~Checker() {
-  if (m_thread.joinable()) finish();
-}
+Checker::~Checker() { stop(); }
 
 // The module announces nothing to the checker, and must not wait for it: it looks again and again.
 void Checker::watch() {
@@ -104,9 +102,13 @@ void Checker::count(const Event& event) {
   }
 }
 
-void Checker::finish() {
+void Checker::stop() {
   m_ending.store(true);
-  m_thread.join();
+  if (m_thread.joinable()) m_thread.join();
+}
+
+void Checker::finish() {
+  stop();
   for (PrinterId printer = 0; printer < m_models.size(); ++printer) {
     PrinterModel& model = *m_models[printer];
     if (const auto left = model.atRest(std::chrono::system_clock::now())) fail(headOf(printer) + "at the end, " + *left);

@@ -35,6 +35,14 @@ std::vector<PrinterTraits> traitsOf(const std::vector<PrinterPlan>& printers) {
   return traits;
 }
 
+// Of what the models do not see.
+void tell(const std::string& text, Checker& checker, const OnDifference& onDifference) {
+  checker.stop();
+  Totals totals = checker.totals();
+  ++totals.differences;
+  onDifference(text, totals);
+}
+
 // Hangs end one after the other, as later calls hang anew.
 bool waitForRest(int threads) {
   const auto deadline = steady_clock::now() + kPatience;
@@ -59,15 +67,14 @@ Totals runSoak(std::uint64_t seed, int printers, std::chrono::seconds length, co
     {
       Callers callers(seed, plans.printers, checker);
       std::this_thread::sleep_for(length);
-      callers.rest();  // a call that does not return is a difference
+      if (!callers.rest()) tell("calls of the callers have not returned\n", checker, onDifference);
       callers.deleteAll();
       if (stopsAtEnd(seed)) stopAll();
       rests = waitForRest(threads + 1);
     }
     checker.finish();
+    if (!rests) tell("the module's threads have not ended\n", checker, onDifference);
     totals = checker.totals();
-    if (!rests) ++totals.differences;
-    if (!rests) onDifference("the module's threads have not ended\n", totals);
   }
   simulator::watchCalls(nullptr);
   simulator::reset();

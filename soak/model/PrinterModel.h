@@ -18,7 +18,7 @@
 /// contract. Steps are taken only where an event needs them: those that commute with everything seen since need not be.
 ///
 /// Where threads meet so unluckily that there are too many ways to follow, the model does not guess: it sets the printer aside,
-/// and from then on only looks that all its tasks are let go of.
+/// and from then on only looks that the calls for it return and all its tasks are let go of.
 namespace soak {
 
 class PrinterModel {
@@ -44,6 +44,7 @@ class PrinterModel {
  private:
   std::vector<State> explained(const Event& event, std::vector<std::string>* objections) const;
   std::optional<std::string> follow(const Event& event);
+  void followCalls(const Event& event);  // of a printer that is set aside
   std::optional<std::string> overdue(const Event& event);
   std::string difference(const Event& event) const;
   std::string situation(const Event& event) const;

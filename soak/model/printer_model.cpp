@@ -19,6 +19,14 @@ bool isOfFlags(What what) {
   return what == What::deleteBegin || what == What::deleteEnd || what == What::onceBegin || what == What::onceEnd;
 }
 
+bool isCallBegin(What what) {
+  return what == What::addBegin || what == What::stopBegin || what == What::startBegin || what == What::pauseBegin;
+}
+
+bool isCallEnd(What what) {
+  return what == What::addEnd || what == What::stopEnd || what == What::startEnd || what == What::pauseEnd;
+}
+
 // Of a list whose thread is not yet known, or of the next task of the same type; or a watch that showed nothing.
 bool mayBeAnother(const State& state, const Event& event, const Knowledge& known) {
   if (event.what == What::released) {
@@ -95,6 +103,7 @@ std::optional<std::string> PrinterModel::see(const Event& event) {
 }
 
 std::optional<std::string> PrinterModel::follow(const Event& event) {
+  if (m_setAside) followCalls(event);
   if (m_setAside || isOfFlags(event.what)) return std::nullopt;
   try {
     auto next = explained(event, nullptr);
@@ -102,7 +111,10 @@ std::optional<std::string> PrinterModel::follow(const Event& event) {
     m_states = std::move(next);
   } catch (const TooManyWays&) {
     m_setAside = true;
-    m_states = {State{}};
+    State calls;
+    calls.operations = std::move(m_states.front().operations);  // the same are under way in all
+    m_states = {std::move(calls)};
+    followCalls(event);
     return std::nullopt;
   }
   m_mostStates = std::max(m_mostStates, m_states.size());
@@ -110,9 +122,14 @@ std::optional<std::string> PrinterModel::follow(const Event& event) {
   return std::nullopt;
 }
 
+void PrinterModel::followCalls(const Event& event) {
+  auto& calls = m_states.front().operations;
+  if (isCallEnd(event.what)) std::erase_if(calls, [&](const Operation& call) { return call.caller == event.thread; });
+  if (isCallBegin(event.what)) calls.push_back({.caller = event.thread, .what = event.what, .began = {m_ticks}});
+}
+
 std::optional<std::string> PrinterModel::overdue(const Event& event) {
   ++m_ticks;
-  if (m_setAside) return std::nullopt;
   const auto why = [&](const State& state) { return overdueIn(state, m_ticks); };
   std::set<std::string> reasons;
   for (const State& state : m_states) reasons.insert(why(state));

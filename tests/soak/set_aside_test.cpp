@@ -41,5 +41,40 @@ TEST_F(PrinterModelSetsAside, APrinterWhoseTasksAreStillToBeLetGoOf) {
   EXPECT_EQ(m_model->atRest({}), "the module has not let go of these tasks: 2\n");
 }
 
+TEST_F(PrinterModelSetsAside, APrinterWhoseCallsAreStillToReturn) {
+  const struct {
+    What begin;
+    What end;
+    const char* name;
+  } calls[] = {{What::addBegin, What::addEnd, "Add"},
+               {What::stopBegin, What::stopEnd, "Stop"},
+               {What::startBegin, What::startEnd, "StartNPA"},
+               {What::pauseBegin, What::pauseEnd, "PauseNPA"}};
+  for (const auto& call : calls) {
+    follow(1);
+    add(1, repeating(Type::GetNetwork));
+    seen({.what = call.begin, .thread = kCaller, .task = 2, .traits = repeating(Type::GetNetwork)});
+    seen({.what = call.begin, .thread = kCaller + 1, .task = 3, .traits = repeating(Type::GetNetwork)});
+    seen({.what = call.end, .thread = kCaller, .task = 2});
+    ticks(30);
+    refused({.what = What::tick}, std::string(call.name) + " has not returned");
+    seen({.what = call.end, .thread = kCaller + 1, .task = 3});
+    ticks(100);
+  }
+}
+
+TEST_F(PrinterModelSetsAside, APrinterWithACallThatBeganBefore) {
+  follow(2);
+  seen({.what = What::startBegin, .thread = kCaller, .traits = {.type = Type::State}});
+  ticks(10);
+  ASSERT_FALSE(m_model->isSetAside());
+  for (ThreadId other = 100; !m_model->isSetAside(); ++other) {
+    seen({.what = What::addBegin, .thread = other, .task = other, .traits = repeating(Type::GetNetwork)});
+    seen({.what = What::addEnd, .thread = other, .task = other});
+  }
+  ticks(20);
+  refused({.what = What::tick}, "StartNPA has not returned");
+}
+
 }  // namespace
 }  // namespace soak::test
