@@ -20,10 +20,11 @@ constexpr int kPunctual = 4;  // late by so small a part of the interval at most
 // interval when the wait begins: all of it, but for what the machine takes away in between. No machine takes a thread away for
 // longer than this. After idle cycles nobody knows how late a turn is, but no later than so.
 constexpr std::chrono::milliseconds kLongStall = 200ms;
-// What wake-ups by the timer save over idle cycles, of which nothing is seen: an interval each, for nearly as long a stall.
-constexpr std::chrono::milliseconds kIdleSlack = 50ms;
 
 std::chrono::milliseconds intervalOf(const List& list) { return std::chrono::milliseconds(std::max(list.interval, 0)); }
+
+// Of a timer whose wait began as late as a machine makes it.
+std::chrono::milliseconds shortestPeriod(std::chrono::milliseconds wait) { return std::max(wait - kLongStall, 1ms); }
 
 // What its next wait takes if it counts from the last check.
 std::chrono::milliseconds waitOf(const List& list) {
@@ -40,8 +41,7 @@ bool hasWaited(const List& list, Moment now) {
 int postsOfTimer(const List& list, std::chrono::nanoseconds late) {
   if (waitOf(list) <= 0ms || list.queue.empty()) return 0;
   if (list.pace.idled) late = std::min<std::chrono::nanoseconds>(late, std::max(intervalOf(list), kLongStall));
-  const std::chrono::milliseconds whole = list.pace.woken.value ? 0ms : waitOf(list) - kLongStall;
-  const std::chrono::nanoseconds shortest = std::max(whole, std::chrono::milliseconds(1));
+  const std::chrono::nanoseconds shortest = shortestPeriod(list.pace.woken.value ? 0ms : waitOf(list));
   return static_cast<int>(std::min<std::int64_t>(late / shortest, 1'000));
 }
 
@@ -66,13 +66,14 @@ Earliest nextTurn(const List& list) {
   return {std::max(pace.checkLow, pace.npaLow + intervalOf(list)), false};
 }
 
-// While the last NPA run counts as recent, cycles follow each other at once: only those after it are an interval apart.
+// While the last NPA run counts as recent, cycles follow each other at once. Each of those after it takes an interval, or a
+// period of a timer that went on while its worker was late.
 Moment idleEnd(const List& list) {
   const Earliest first = nextTurn(list);
   if (list.pace.fresh || !pacedByCheck(list)) return first.at;
   const int more = std::max(0, kIdleCycles - list.pace.idleCycles - 1 - list.pace.posts.value);
   const Moment begin = list.pace.posts.value > 0 ? list.pace.checkLow : first.at;
-  return std::max(list.pace.checkLow, begin + more * intervalOf(list) - std::clamp(intervalOf(list), kIdleSlack, kLongStall));
+  return begin + more * std::min(intervalOf(list), shortestPeriod(intervalOf(list)));
 }
 
 bool beginTurn(List& list, Moment now, bool wakeUpUnderWay) {
@@ -80,10 +81,10 @@ bool beginTurn(List& list, Moment now, bool wakeUpUnderWay) {
   const Earliest turn = nextTurn(list);
   const bool early = now < turn.at;
   if (early && (!turn.shortened || pace.posts.value == 0)) return false;
-  list.turnLow = early ? pace.checkLow : turn.at;
   list.place = Place::turn;
   list.idleTurn = list.queue.empty();
   if (early) {
+    list.turnLow = pace.checkLow;
     --pace.posts.value;
     pace.calmCycles.value = 0;
     return true;
@@ -91,6 +92,8 @@ bool beginTurn(List& list, Moment now, bool wakeUpUnderWay) {
   const bool calm = hasWaited(list, now) && ++pace.calmCycles.value >= kCalmCycles;
   const bool used = (calm && pace.lastPost.value < turn.at) || hasTakenWakeUps(list);  // a later one is for the next wait
   if (used && !wakeUpUnderWay) pace.posts.value = 0;
+  // What shows the turn may come long after it.
+  list.turnLow = turn.shortened && pace.posts.value > 0 ? pace.checkLow : turn.at;
   if (const int more = postsOfTimer(list, now - turn.at); more > 0) {
     pace.posts.value += more;
     pace.calmCycles.value = 0;

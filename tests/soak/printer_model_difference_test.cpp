@@ -183,15 +183,15 @@ TEST_F(PrinterModelFinds, ATaskThatIsReleasedWhileItIsQueued) {
 }
 
 TEST_F(PrinterModelFinds, AListThatEndsBeforeItsIdleCycles) {
-  add(1, repeating(Type::State, 100));
+  add(1, repeating(Type::State, 3'000));
   unreadState(1);
-  at(100.5);
+  at(3'005);
   unreadState(1);
-  at(150);
+  at(4'500);
   setDelete(1);
-  at(201.5);
+  at(6'015);
   released(1);
-  at(1'000);
+  at(30'000);
   refused(endOf(kHelper), "its ten idle cycles are over no earlier than");
 }
 
@@ -209,12 +209,12 @@ TEST_F(PrinterModelFinds, AWakeUpThatWasTakenDuringAWaitForAnNpaRun) {
 }
 
 TEST_F(PrinterModelFinds, AListThatEndsOneIdleCycleTooEarly) {
-  add(1, repeating(Type::State, 1'000));
+  add(1, repeating(Type::State, 3'000));
   unreadState(1);
   setDelete(1);
-  at(1'001);
+  at(3'001);
   released(1);
-  at(9'700);  // after nine
+  at(27'900);  // after nine
   refused(endOf(kHelper), "its ten idle cycles are over no earlier than");
 }
 
