@@ -29,9 +29,10 @@ struct Entry {
 struct Run {
   Progress at;
   enum class Phase : std::uint8_t { choice, calling, walking } phase = Phase::choice;
-  std::uint32_t told = 0;  ///< walking: windows that have answered
-  bool noticing = false;   ///< walking: one is being told
-  bool ownOnly = false;    ///< walking: only the current task's
+  std::uint32_t told = 0;    ///< walking: windows that have answered
+  bool noticing = false;     ///< walking: one is being told
+  bool ownOnly = false;      ///< walking: only the current task's
+  std::uint32_t copied = 0;  ///< of a state run: tasks whose records it fills, as they were there when its last call returned
   bool keepsNpa = true;
   std::uint64_t begin = 0;  ///< the event that it began with, 0 when it showed none
 

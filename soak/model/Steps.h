@@ -32,6 +32,9 @@ std::vector<State> stepsBefore(const State& state, const Event& event, const Kno
 /// What the run at the front may show next.
 Next nextOfRun(const List& list, const Knowledge& known);
 
+/// The run looks at its task's NPA request, which a call under way is changing: it may find either until that call returns.
+bool mayFindEither(const State& state, const List& list, const Knowledge& known);
+
 /// The ways in which a tidied list may begin its next run: the entry that runs is at the front.
 std::vector<State> runsFrom(const State& state, std::size_t list, const Knowledge& known);
 

@@ -26,9 +26,9 @@ bool mayUnregister(const State& state, const List& list, const Knowledge& known)
   return (there || std::ranges::any_of(state.operations, isUnderWay)) && mayEndUnseen(state, list, known);
 }
 
-// Calls act on the registered list; an `Add` may also have found a former one.
+// Calls act on the registered list; an `Add` may also have found a former one, and a start or pause may have marked its tasks.
 bool concernsReturn(const State& state, const List& list, const Event& event, const Knowledge& known) {
-  if (list.registered || mayUnregister(state, list, known)) return true;
+  if (list.registered || mayUnregister(state, list, known) || mayFindEither(state, list, known)) return true;
   return std::ranges::any_of(state.operations, [&](const Operation& one) {
     return one.caller == event.thread && isUnderWay(one) && std::ranges::find(one.found, list.id) != one.found.end();
   });

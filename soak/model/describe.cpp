@@ -70,6 +70,12 @@ std::string alternatives(const Next& next, TaskId current) {
   return text;
 }
 
+// In a window's record, while it is told.
+std::string foundText(const Run& run, const Entry& entry) {
+  const bool read = entry.type == Type::State && run.at.function == "AppPrinterSdk_GetState" && run.told < run.copied;
+  return read ? " that finds `queried` true" : "";
+}
+
 std::string operationText(const Operation& operation) {
   const std::string task = operation.task == 0 ? "" : " for task " + number(operation.task);
   return std::string(kWhat[static_cast<std::size_t>(operation.what)]) + task +
@@ -133,12 +139,11 @@ std::string mayShow(const List& list, const Knowledge& known) {
   if (list.run.noticing) return run + "the answer of task " + number(entry.tasks[list.run.told]) + " is due";
   if (list.run.phase == Run::Phase::walking) {
     return run + (list.run.told < entry.tasks.size() && !list.run.ownOnly
-                      ? "a notice to task " + number(entry.tasks[list.run.told]) + " is due"
+                      ? "a notice to task " + number(entry.tasks[list.run.told]) + foundText(list.run, entry) + " is due"
                       : std::string("all windows have been told"));
   }
   std::string what = alternatives(nextOfRun(list, known), entry.tasks.front());
-  if (entry.type == Type::State && list.run.at.function == "AppPrinterSdk_GetState") what += " that finds `queried` true";
-  return run + what + " is due";
+  return run + what + foundText(list.run, entry) + " is due";
 }
 
 std::string mayRun(const List& list, const Knowledge& known) {

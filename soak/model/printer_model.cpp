@@ -27,11 +27,15 @@ bool isCallEnd(What what) {
   return what == What::addEnd || what == What::stopEnd || what == What::startEnd || what == What::pauseEnd;
 }
 
-// Of a list whose thread is not yet known, or of the next task of the same type; or a watch that showed nothing.
+// Of a list whose thread is not yet known, or of the next task of the same type; or a watch that showed nothing; or a call
+// that has marked a task only after a run looked at it.
 bool mayBeAnother(const State& state, const Event& event, const Knowledge& known) {
   if (event.what == What::released) {
     const TaskFacts* task = known.facts.find(event.task);
     return task != nullptr && task->traits.type == Type::FirmUpCheck;
+  }
+  if (event.what == What::startEnd || event.what == What::pauseEnd) {
+    return std::ranges::any_of(state.lists, [&](const List& list) { return mayFindEither(state, list, known); });
   }
   if (!isOfRun(event.what)) return false;
   const auto own = listOfThread(state, event.thread);

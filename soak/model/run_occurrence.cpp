@@ -33,12 +33,19 @@ bool beginCall(Run& run, const Event& event, const Next& next) {
   return true;
 }
 
-bool endCall(Run& run, const Event& event, Type type) {
+bool endCall(Run& run, const Event& event, const Entry& entry) {
   if (run.phase != Run::Phase::calling || run.at.function != event.function) return false;
   run.phase = Run::Phase::choice;
-  noteReturn(run.at, type, event);
-  if (type == Type::State && event.function == "AppPrinterSdk_GetState") run.keepsNpa = true;
+  noteReturn(run.at, entry.type, event);
+  if (entry.type != Type::State) return true;
+  run.copied = static_cast<std::uint32_t>(entry.tasks.size());
+  if (event.function == "AppPrinterSdk_GetState") run.keepsNpa = true;
   return true;
+}
+
+// Who joined after the records were filled has missed it.
+bool isFilled(const Run& run, const Event& event) {
+  return event.value < 0 || run.told >= run.copied || (event.value != 0) == run.keepsNpa;
 }
 
 bool beginNotice(Run& run, const Event& event, const Next& next, const Entry& entry) {
@@ -48,11 +55,11 @@ bool beginNotice(Run& run, const Event& event, const Next& next, const Entry& en
     run.told = 0;
     run.ownOnly = next.ownNotice;
     run.noticing = true;
-    return entry.type != Type::State || event.value < 0 || (event.value != 0) == run.keepsNpa;
+    return isFilled(run, event);
   }
   if (run.phase != Run::Phase::walking || run.ownOnly || run.told >= entry.tasks.size()) return false;
   run.noticing = true;
-  return event.task == entry.tasks[run.told];
+  return event.task == entry.tasks[run.told] && isFilled(run, event);
 }
 
 bool endNotice(Run& run, const Event& event, const Entry& entry) {
@@ -78,7 +85,7 @@ bool goOn(List& list, const Event& event, const Knowledge& known) {
     case What::callBegin:
       return beginCall(list.run, event, nextOfRun(list, known));
     case What::callEnd:
-      return endCall(list.run, event, entry.type);
+      return endCall(list.run, event, entry);
     case What::noticeBegin:
       return beginNotice(list.run, event, nextOfRun(list, known), entry);
     case What::noticeEnd:

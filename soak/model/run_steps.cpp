@@ -111,6 +111,11 @@ Next nextOfRun(const List& list, const Knowledge& known) {
                               .isDeleted = known.facts.isDeletedSince(current, list.lastSeen)});
 }
 
+bool mayFindEither(const State& state, const List& list, const Knowledge& known) {
+  return list.place == Place::running && list.run.phase == Run::Phase::choice && nextOfRun(list, known).readsNpa &&
+         state.requestOf(list.queue.front().tasks.front()) == Request::either;
+}
+
 void addRunSteps(const State& state, std::size_t index, const Knowledge& known, std::vector<State>& found) {
   const List& list = state.lists[index];
   if (list.place == Place::tidied) return addSilentRuns(state, index, known, found);
