@@ -1,11 +1,11 @@
 #include "Printers.h"
 
 #include <algorithm>
-#include <array>
 #include <map>
 
 #include "Random.h"
 #include "simulator/Functions.h"
+#include "simulator/Limits.h"
 
 namespace soak {
 namespace {
@@ -54,7 +54,8 @@ std::string jobs(Random& random, const PrinterPlan& plan, int milliseconds, int 
 }
 
 std::string span(int from, int length) {
-  return attribute("from-ms", to_string(from)) + attribute("until-ms", to_string(from + length));
+  const int until = std::min(from + length, static_cast<int>(simulator::latestTime.count()));
+  return attribute("from-ms", to_string(from)) + attribute("until-ms", to_string(until));
 }
 
 std::string drawFault(Random& random, const simulator::FunctionRow& row, int from) {
