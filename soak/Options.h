@@ -39,7 +39,9 @@ inline constexpr std::string_view kHelp =
     "The same seed repeats the same decisions: printers, faults, and what each thread calls one after the other. How the\n"
     "threads meet differs from run to run, and with it which calls are left out and what the others find.\n"
     "\n"
-    "Exit code: 0 without a difference; 1 with one, when something is left over, or when a soak that is long enough had no\n"
-    "runs, notices or faults; 2 for a mistake in the command line.\n";
+    "Exit code: 0 without a difference; 2 for a mistake in the command line; 1 with a difference, when something is left\n"
+    "over, when an exception ends it, when a soak that is long enough had no runs, notices or faults, or when it says too\n"
+    "little: more than one printer of twenty, of fewer than twenty any, has done so much at once that the model cannot\n"
+    "follow (not decided).\n";
 
 }  // namespace soak

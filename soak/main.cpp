@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -33,7 +34,29 @@ std::string repeatLine(const soak::Options& options) {
   std::_Exit(1);
 }
 
+soak::Options g_options;  // fixed before the first thread
+
+std::string textOf(const std::exception_ptr& exception) {
+  if (!exception) return "a thread was given up";
+  try {
+    std::rethrow_exception(exception);
+  } catch (const std::exception& known) {
+    return "nobody caught an exception: " + std::string(known.what());
+  } catch (...) {
+    return "nobody caught an exception";
+  }
+}
+
+// On whatever thread it comes, also of the module.
+[[noreturn]] void endWithException() {
+  print("difference:\n" + textOf(std::current_exception()) + "\n" + repeatLine(g_options) + "printers " +
+        std::to_string(g_options.printers) + ", differences 1\n");
+  std::_Exit(1);
+}
+
 int run(const soak::Options& options) {
+  g_options = options;
+  std::set_terminate(endWithException);
   print("seed " + std::to_string(options.seed) + ", " + std::to_string(options.length.count()) + " s, " +
         std::to_string(options.printers) + " printers\n");
   std::thread([] {}).join();  // with the first thread, a sanitizer starts one of its own, which stays
