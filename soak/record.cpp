@@ -60,13 +60,12 @@ Selection drawSelection(Random& random) {
 
 std::any drawRecord(Random& random, const TaskTraits& traits, PrinterId printer, TaskId code, bool slow) {
   if (traits.wrongRecord) return Telltale(printer, code, slow);
+  if (traits.type == Type::GetAlarm) return {};
   switch (traits.type) {
     case Type::State:
     case Type::RegPushscan:
     case Type::RegUpgrade:
       return std::make_shared<AppComm::State>();
-    case Type::GetAlarm:
-      return {};
     case Type::GetPushscan:
       return std::make_shared<AppPrinterSdk::PushScanPara>();
     case Type::PrintAdjust:

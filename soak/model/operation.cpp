@@ -24,12 +24,36 @@ constexpr std::string_view kJoinStart = "AppMgr_PrinterWifiConfigStart", kJoinPr
 constexpr std::string_view kCheckStart = "AppSdk_TriggerFwUpgradeStart", kCheckProcess = "AppSdk_TriggerFwUpgradeProcess",
                            kCheckResult = "AppSdk_TriggerFwUpgradeResult";
 
-constexpr std::array<std::string_view, kTypes> kNames{
-    "State",         "GetAlarm",      "GetDevParam", "SetSupplyAlarm", "SetSleepTime", "SetPaperAlarm",
-    "SetSilentMode", "SetTimedClear", "GetPushscan", "RegPushscan",    "RegUpgrade",   "PrintAdjust",
-    "PrintClean",    "PrintQRcode",   "GetNetwork",  "SetNetwork",     "SetAdjust",    "FirmNewCheck",
-    "FirmUpgrade",   "FirmUpCheck",   "GetWifiList", "SetWifiList"};
-static_assert(!kNames.back().empty());
+struct TypeRow {
+  std::string_view name;
+  std::string_view change{};  ///< what an operation calls that changes the printer, and has no other call but for the jobs
+};
+// By the number of the type.
+constexpr std::array kRows{TypeRow{"State"},
+                           TypeRow{"GetAlarm"},
+                           TypeRow{"GetDevParam"},
+                           TypeRow{"SetSupplyAlarm", "AppPrinterSdk_SetSuppliesAlarm"},
+                           TypeRow{"SetSleepTime", "AppPrinterSdk_SetSleepTime"},
+                           TypeRow{"SetPaperAlarm", "AppPrinterSdk_SetPaperAlarm"},
+                           TypeRow{"SetSilentMode", "AppPrinterSdk_SetSilentMode"},
+                           TypeRow{"SetTimedClear", "AppPrinterSdk_SetTimedClear"},
+                           TypeRow{"GetPushscan"},
+                           TypeRow{"RegPushscan"},
+                           TypeRow{"RegUpgrade"},
+                           TypeRow{"PrintAdjust", "AppPrinterSdk_SetAlignPage"},
+                           TypeRow{"PrintClean", "AppPrinterSdk_SetClean"},
+                           TypeRow{"PrintQRcode", "AppSdk_PrintBmp"},
+                           TypeRow{"GetNetwork"},
+                           TypeRow{"SetNetwork", "AppPrinterSdk_SetNetWork"},
+                           TypeRow{"SetAdjust", "AppPrinterSdk_SetAlignCmd"},
+                           TypeRow{"FirmNewCheck"},
+                           TypeRow{"FirmUpgrade"},
+                           TypeRow{"FirmUpCheck"},
+                           TypeRow{"GetWifiList"},
+                           TypeRow{"SetWifiList"}};
+static_assert(kRows.size() == kTypes);
+
+const TypeRow& rowOf(Type type) { return kRows.at(static_cast<std::size_t>(type)); }
 
 Next calls(std::initializer_list<std::string_view> functions) {
   Next next;
@@ -163,6 +187,7 @@ void noteChecked(RecordFields& record, const Event& event) {
 }
 
 Next operationNext(const Progress& at, const Surroundings& in) {
+  if (const auto change = rowOf(in.task.type).change; !change.empty()) return changeNext(at, in, change);
   switch (in.task.type) {
     case Type::State:
       return stateNext(at, in);
@@ -170,34 +195,14 @@ Next operationNext(const Progress& at, const Surroundings& in) {
       return alarmNext(at);
     case Type::GetDevParam:
       return parametersNext(at);
-    case Type::SetSupplyAlarm:
-      return changeNext(at, in, "AppPrinterSdk_SetSuppliesAlarm");
-    case Type::SetSleepTime:
-      return changeNext(at, in, "AppPrinterSdk_SetSleepTime");
-    case Type::SetPaperAlarm:
-      return changeNext(at, in, "AppPrinterSdk_SetPaperAlarm");
-    case Type::SetSilentMode:
-      return changeNext(at, in, "AppPrinterSdk_SetSilentMode");
-    case Type::SetTimedClear:
-      return changeNext(at, in, "AppPrinterSdk_SetTimedClear");
     case Type::GetPushscan:
       return pushScanNext(at);
     case Type::RegPushscan:
       return oneCallNext(at, "AppPrinterSdk_RegisterPushScanUSB", done());
     case Type::RegUpgrade:
       return oneCallNext(at, "AppSdk_SetPrinterUpgradeInfo", done());
-    case Type::PrintAdjust:
-      return changeNext(at, in, "AppPrinterSdk_SetAlignPage");
-    case Type::PrintClean:
-      return changeNext(at, in, "AppPrinterSdk_SetClean");
-    case Type::PrintQRcode:
-      return changeNext(at, in, "AppSdk_PrintBmp");
     case Type::GetNetwork:
       return oneCallNext(at, "AppPrinterSdk_GetNetWork", round());
-    case Type::SetNetwork:
-      return changeNext(at, in, "AppPrinterSdk_SetNetWork");
-    case Type::SetAdjust:
-      return changeNext(at, in, "AppPrinterSdk_SetAlignCmd");
     case Type::FirmNewCheck:
       return checkNext(at);
     case Type::FirmUpgrade:
@@ -208,8 +213,9 @@ Next operationNext(const Progress& at, const Surroundings& in) {
       return searchNext(at, in);
     case Type::SetWifiList:
       return joinNext(at, in);
+    default:
+      return {};
   }
-  return {};
 }
 
 // Where the alarms or the silent mode are still to be read. The timed clear mode alone brings no pause.
@@ -258,6 +264,6 @@ void noteReturn(Progress& at, Type type, const Event& event) {
 
 bool sharesRecords(Type type) { return type == Type::State || type == Type::RegPushscan || type == Type::RegUpgrade; }
 
-std::string_view nameOf(Type type) { return kNames.at(static_cast<std::size_t>(type)); }
+std::string_view nameOf(Type type) { return rowOf(type).name; }
 
 }  // namespace soak
