@@ -55,7 +55,9 @@ void tell(std::string& text, const std::string& heading, const std::set<std::str
   if (lines.size() > kMostTold) text += "  - and " + std::to_string(lines.size() - kMostTold) + " more\n";
 }
 
-// A state that another of them comes to by an unseen step allows nothing that the other does not allow.
+// A state that another of them comes to by an unseen step allows nothing that the other does not allow: what a step may find
+// goes by the times of what was seen before it, so it may be taken later as well as now. Only a call that returns makes a
+// request certain; `mayBeAnother` sees to the runs that looked at it before.
 std::vector<State> withoutFollowers(StateSet& states, const Knowledge& known) {
   if (states.size() < kFew) return states.all();
   for (const State& state : states.all()) {
