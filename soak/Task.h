@@ -20,8 +20,6 @@ class Task {
 
   Task(PrinterId printer, TaskId code, const TaskTraits& traits, std::shared_ptr<AppComm::Node> node);
 
-  TaskId code() const { return m_code; }
-  PrinterId printer() const { return m_printer; }
   const TaskTraits& traits() const { return m_traits; }
   bool released() const { return m_released.load(); }
 

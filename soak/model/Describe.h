@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "model/Steps.h"
 
@@ -11,6 +12,9 @@ std::string textOf(const Event& event);
 /// An event that belongs to no printer, as a difference.
 std::string strayText(const Event& event);
 std::string textOf(const State& state, const Knowledge& known);
+
+/// The control function whose call begins.
+std::string_view nameOfCall(What begin);
 
 /// Where the task is, for one who expected it to have left.
 std::string whereIs(const State& state, TaskId task);

@@ -30,7 +30,6 @@ class Facts {
   const TaskTraits& traitsOf(TaskId task) const;  ///< the task must be known
   void note(const Event& event);
   void forget(TaskId task) { m_tasks.erase(task); }
-  std::size_t count() const { return m_tasks.size(); }
   std::vector<TaskId> known() const;
 
   bool mayBeDeleted(TaskId task) const;

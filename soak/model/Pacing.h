@@ -6,6 +6,8 @@
 /// earlier.
 namespace soak {
 
+inline constexpr int kIdleCycles = 10;  // of an empty list, before it ends
+
 struct Earliest {
   Moment at{};
   bool shortened = false;  ///< a wake-up brings it forward

@@ -12,7 +12,7 @@ void addCallSteps(const State& state, const Knowledge& known, std::vector<State>
 void addCycleSteps(const State& state, std::size_t list, const Knowledge& known, std::vector<State>& found);
 void addRunSteps(const State& state, std::size_t list, const Knowledge& known, std::vector<State>& found);
 
-/// Every way to choose some of so many: bit patterns. Throws `TooManyWays`.
-std::size_t waysToChoose(std::size_t count);
+/// Every way to choose some of them. Throws `TooManyWays`.
+std::vector<std::vector<TaskId>> choicesOf(const std::vector<TaskId>& tasks);
 
 }  // namespace soak

@@ -143,11 +143,7 @@ void addWaitingSteps(const State& state, std::size_t index, const Knowledge& kno
 std::vector<State> runsFrom(const State& state, std::size_t index, const Knowledge& known) {
   std::vector<State> found;
   const auto held = heldInDoubt(state, state.lists[index], known);
-  for (std::size_t choice = 0; choice < waysToChoose(held.size()); ++choice) {
-    std::vector<TaskId> gone;
-    for (std::size_t bit = 0; bit < held.size(); ++bit) {
-      if (((choice >> bit) & 1U) != 0) gone.push_back(held[bit]);
-    }
+  for (const std::vector<TaskId>& gone : choicesOf(held)) {
     State resolved = state;
     removeTasks(resolved, resolved.lists[index], gone, known.ticks);
     addSelections(resolved, index, known, found);

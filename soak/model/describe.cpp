@@ -89,6 +89,11 @@ bool hasResult(What what) {
 
 }  // namespace
 
+std::string_view nameOfCall(What begin) {
+  const std::string_view text = kWhat[static_cast<std::size_t>(begin)];
+  return text.substr(0, text.find(' '));
+}
+
 std::string clockTime(Moment at) {
   using namespace std::chrono;
   const auto micro = duration_cast<microseconds>(at.time_since_epoch()).count();

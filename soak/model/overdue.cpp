@@ -1,28 +1,14 @@
 #include "model/Overdue.h"
 
 #include <algorithm>
-#include <string_view>
 
+#include "model/Describe.h"
 #include "model/Pacing.h"
 
 namespace soak {
 namespace {
 
 constexpr int kPatience = 30;  // seconds: far beyond what a busy machine does to a thread
-constexpr int kIdleCycles = 10;
-
-std::string_view nameOf(What begin) {
-  switch (begin) {
-    case What::addBegin:
-      return "Add";
-    case What::stopBegin:
-      return "Stop";
-    case What::startBegin:
-      return "StartNPA";
-    default:
-      return "PauseNPA";
-  }
-}
 
 bool isOutside(const List& list) {
   return list.place == Place::running && (list.run.phase == Run::Phase::calling || list.run.noticing);
@@ -52,7 +38,7 @@ std::string overdueIn(const List& list, int ticks) {
 
 std::string overdueIn(const Operation& operation, int ticks) {
   if (ticks - operation.began.value <= kPatience) return {};
-  return std::string(nameOf(operation.what)) + " has not returned";
+  return std::string(nameOfCall(operation.what)) + " has not returned";
 }
 
 // A call may hold it as well.

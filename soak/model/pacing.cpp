@@ -7,7 +7,6 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr int kIdleCycles = 10;
 // A new list takes its last check to be so long ago, and its last NPA run twice as long: no list of the soak pauses for that.
 constexpr std::chrono::milliseconds kFirstCheck = 10min;
 // Durations are compared in whole milliseconds, so the last NPA run counts as recent up to one more than the interval.

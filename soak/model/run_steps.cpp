@@ -51,11 +51,8 @@ void addRequeued(const State& state, std::size_t index, const Knowledge& known, 
     if (!known.facts.mayBeOnce(task, list.lastSeen)) continue;
     (known.facts.mayRepeat(task, list.lastSeen) ? unsure : certain).push_back(task);
   }
-  for (std::size_t choice = 0; choice < waysToChoose(unsure.size()); ++choice) {
-    auto once = certain;
-    for (std::size_t bit = 0; bit < unsure.size(); ++bit) {
-      if (((choice >> bit) & 1U) != 0) once.push_back(unsure[bit]);
-    }
+  for (std::vector<TaskId>& once : choicesOf(unsure)) {
+    once.insert(once.end(), certain.begin(), certain.end());
     requeue(state, index, once, known, found);
   }
 }
@@ -126,10 +123,18 @@ void addRunSteps(const State& state, std::size_t index, const Knowledge& known, 
   if (next.done) addRequeued(state, index, known, found);
 }
 
-std::size_t waysToChoose(std::size_t count) {
+std::vector<std::vector<TaskId>> choicesOf(const std::vector<TaskId>& tasks) {
   constexpr std::size_t most = 10;
-  if (count > most) throw TooManyWays(std::to_string(count) + " tasks of one list whose flags are in flux");
-  return std::size_t{1} << count;
+  if (tasks.size() > most) throw TooManyWays(std::to_string(tasks.size()) + " tasks of one list whose flags are in flux");
+  std::vector<std::vector<TaskId>> choices{{}};
+  for (const TaskId task : tasks) {
+    const std::size_t without = choices.size();
+    for (std::size_t one = 0; one < without; ++one) {
+      choices.push_back(choices[one]);
+      choices.back().push_back(task);
+    }
+  }
+  return choices;
 }
 
 std::vector<State> stepsFrom(const State& state, const Knowledge& known) {

@@ -7,14 +7,7 @@ namespace {
 
 constexpr int kInterval = 600'500;
 
-class LongInterval : public Story {
- protected:
-  void unreadState(TaskId task) {
-    call(kJobs);
-    call(kScan);
-    notice(task);
-  }
-};
+class LongInterval : public Story {};
 
 TEST_F(LongInterval, PutsTheFirstRunOffByWhatIsBeyondTenMinutes) {
   add(1, repeating(Type::State, kInterval));
