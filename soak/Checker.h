@@ -29,7 +29,7 @@ class Checker {
 
   /// What the printer's lists have done lately can be explained in so many ways that it is better left alone, until they show
   /// more. Any thread.
-  bool isUnclear(PrinterId printer) const { return m_unclear[printer].load(); }
+  bool isUnclear(PrinterId printer) const { return m_unclear[printer].load(std::memory_order_relaxed); }
 
   /// Ends the watch.
   void stop();
@@ -49,7 +49,7 @@ class Checker {
 
   std::vector<std::unique_ptr<PrinterModel>> m_models;
   Holdups m_holdups;
-  std::vector<std::atomic<bool>> m_unclear;  // by printer
+  std::vector<std::atomic<bool>> m_unclear;  // by printer; relaxed, as it must not order the module's threads
   Totals m_totals;
   const OnDifference m_onDifference;
   std::atomic<bool> m_ending{false};

@@ -1,16 +1,17 @@
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <memory>
-#include <mutex>
 #include <vector>
 
 #include "model/Event.h"
 
 /// Takes down events on whatever thread they happen, and gives them out in their order.
 ///
-/// Each thread writes into a buffer of its own. What orders events is one relaxed counter: it agrees with everything that is
-/// ordered otherwise, and orders nothing itself, so that it hides no missing synchronisation from a sanitizer.
+/// Each thread writes into a queue of its own, from which one other thread takes and to which it hands nothing back. What
+/// orders events is one relaxed counter: it agrees with everything that is ordered otherwise. Neither orders any thread after
+/// another but the taker, so that they hide no missing synchronisation from a sanitizer.
 namespace soak {
 
 class Recorder {
@@ -38,18 +39,18 @@ class Recorder {
   void forgetEnded();
 
  private:
-  struct Buffer;
+  struct Queue;
   struct Slot;
 
   Recorder() = default;
   static Slot& slot();
-  std::shared_ptr<Buffer> newBuffer();
+  Queue& newQueue();
   void collect();
 
-  std::mutex m_mutex;
-  std::vector<std::shared_ptr<Buffer>> m_buffers;  // guarded by m_mutex
+  std::atomic<Queue*> m_new{nullptr};  ///< a chain of those that the taker does not know yet
 
   // The taker's.
+  std::vector<std::unique_ptr<Queue>> m_queues;
   std::vector<Event> m_early;  // a heap: the lowest number first
   std::uint64_t m_taken = 0;
 };

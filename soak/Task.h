@@ -21,7 +21,7 @@ class Task {
   Task(PrinterId printer, TaskId code, const TaskTraits& traits, std::shared_ptr<AppComm::Node> node);
 
   const TaskTraits& traits() const { return m_traits; }
-  bool released() const { return m_released.load(); }
+  bool released() const { return m_released.load(std::memory_order_relaxed); }
 
   /// @name Calls, each taken down before and after
   /// @{
@@ -40,7 +40,7 @@ class Task {
   const TaskId m_code;
   const TaskTraits m_traits;
   const std::shared_ptr<AppComm::Node> m_node;
-  std::atomic<bool> m_released{false};
+  std::atomic<bool> m_released{false};  // relaxed: it orders the worker with nobody
   std::atomic<bool> m_changing{false};
 };
 

@@ -67,7 +67,7 @@ void Checker::show(PrinterId printer, const Event& event) {
   m_totals.runs += model.runs() - runs;
   m_totals.mostStates = std::max(m_totals.mostStates, model.mostStates());
   if (followed && model.isSetAside()) setAside(printer);
-  m_unclear[printer].store(model.states() > kManyStates);
+  m_unclear[printer].store(model.states() > kManyStates, std::memory_order_relaxed);
 }
 
 void Checker::fail(const std::string& text) {

@@ -34,33 +34,62 @@ bool isLater(const Event& first, const Event& second) { return first.number > se
 
 }  // namespace
 
-struct Recorder::Buffer {
-  std::mutex mutex;  // between the thread and the taker
-  std::vector<Event> events;
-  bool ended = false;
+/// Of one thread's events. The taker, who owns it, only reads what the thread writes.
+struct Recorder::Queue {
+  struct Link {
+    Event event;
+    std::atomic<Link*> next{nullptr};
+  };
+
+  Queue() = default;
+  ~Queue() {
+    Event event;
+    while (pop(event)) continue;
+  }
+  Queue(const Queue&) = delete;
+  Queue& operator=(const Queue&) = delete;
+
+  void push(const Event& event) {
+    auto link = std::make_unique<Link>();
+    link->event = event;
+    Link* const added = link.release();
+    last->next.store(added, std::memory_order_release);
+    last = added;
+  }
+  // False when there is none.
+  bool pop(Event& event) {
+    Link* const next = first->next.load(std::memory_order_acquire);
+    if (next == nullptr) return false;
+    event = next->event;
+    first.reset(next);
+    return true;
+  }
+
+  std::unique_ptr<Link> first = std::make_unique<Link>();  // the taker's: the link taken last
+  Link* last = first.get();                                // the thread's
+  std::atomic<bool> ended{false};
+  Queue* nextNew = nullptr;
 };
 
 /// What a thread has of its own. It goes with the thread.
 struct Recorder::Slot {
-  Slot() : thread(++g_threads), buffer(Recorder::instance().newBuffer()) {}
+  Slot() : thread(g_threads.fetch_add(1, std::memory_order_relaxed) + 1), queue(Recorder::instance().newQueue()) {}
   ~Slot() {
     if (printer != kNoPrinter) write({.what = What::threadEnded, .printer = printer});
-    const std::lock_guard lock(buffer->mutex);
-    buffer->ended = true;
+    queue.ended.store(true, std::memory_order_release);  // from here on it may be gone
   }
   Slot(const Slot&) = delete;
   Slot& operator=(const Slot&) = delete;
 
   void write(Event event) {
     event.thread = thread;
-    const std::lock_guard lock(buffer->mutex);
     event.time = std::chrono::system_clock::now();
     event.number = g_numbers.fetch_add(1, std::memory_order_relaxed) + 1;
-    buffer->events.push_back(event);
+    queue.push(event);
   }
 
   const ThreadId thread;
-  const std::shared_ptr<Buffer> buffer;
+  Queue& queue;
   PrinterId printer = kNoPrinter;
 };
 
@@ -78,11 +107,12 @@ Recorder::Slot& Recorder::slot() {
   return *slot.release();
 }
 
-std::shared_ptr<Recorder::Buffer> Recorder::newBuffer() {
-  auto buffer = std::make_shared<Buffer>();
-  const std::lock_guard lock(m_mutex);
-  m_buffers.push_back(buffer);
-  return buffer;
+// The taker hands nothing back here either: it takes the chain without releasing anything.
+Recorder::Queue& Recorder::newQueue() {
+  Queue* const queue = std::make_unique<Queue>().release();
+  queue->nextNew = m_new.load(std::memory_order_relaxed);
+  while (!m_new.compare_exchange_weak(queue->nextNew, queue, std::memory_order_release, std::memory_order_relaxed)) continue;
+  return *queue;
 }
 
 void Recorder::record(Event event) { slot().write(event); }
@@ -103,21 +133,17 @@ void Recorder::waitForRoom() {
 void Recorder::judged(std::uint64_t number) { g_judged.store(number, std::memory_order_relaxed); }
 
 void Recorder::collect() {
-  const std::lock_guard lock(m_mutex);
-  for (const auto& buffer : m_buffers) {
-    std::vector<Event> events;
-    {
-      const std::lock_guard inBuffer(buffer->mutex);
-      events.swap(buffer->events);
-    }
-    for (Event& event : events) {
+  for (Queue* queue = m_new.exchange(nullptr, std::memory_order_acquire); queue != nullptr; queue = queue->nextNew) {
+    m_queues.emplace_back(queue);
+  }
+  std::erase_if(m_queues, [this](const auto& queue) {
+    const bool ended = queue->ended.load(std::memory_order_acquire);  // before the last look
+    Event event;
+    while (queue->pop(event)) {
       m_early.push_back(event);
       std::ranges::push_heap(m_early, isLater);
     }
-  }
-  std::erase_if(m_buffers, [](const auto& buffer) {
-    const std::lock_guard inBuffer(buffer->mutex);
-    return buffer->ended && buffer->events.empty();
+    return ended;
   });
 }
 
@@ -135,6 +161,7 @@ std::vector<Event> Recorder::take() {
 
 void Recorder::forgetEnded() {
   collect();
+  m_queues.shrink_to_fit();
   m_early.shrink_to_fit();
 }
 

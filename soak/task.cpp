@@ -78,7 +78,7 @@ void Task::add(const std::shared_ptr<Task>& self) {
   const auto release = [self](AppComm::Node* /*node*/) {
     Recorder::instance().belongsTo(self->m_printer);  // a worker's end tells that its list has ended
     Recorder::instance().record(self->event(What::released));
-    self->m_released.store(true);
+    self->m_released.store(true, std::memory_order_relaxed);
   };
   const int result = Add(std::shared_ptr<AppComm::Node>(m_node.get(), release));
   Recorder::instance().record(event(What::addEnd, result));
