@@ -18,7 +18,8 @@ constexpr int kEnough = 3;           // long calls, one after the other: no mach
 // A list that `Stop` has taken out of the registry ends with the run that it is in; hardly any takes longer.
 constexpr auto kLongestRun = 10s;
 
-constexpr std::array<std::string_view, 3> kWhat{"library call for another printer", "Add for the same printer", "Stop"};
+constexpr std::array<std::string_view, 4> kWhat{"library call for another printer", "Add for the same printer",
+                                                "StartNPA or PauseNPA for the same printer", "Stop"};
 
 }  // namespace
 
@@ -42,9 +43,27 @@ void Holdups::beginCall(const Event& event) {
   m_calls[event.thread] = {.begin = event, .othersAreBusy = areOthersBusy(event), .registered = isRegistered(event)};
 }
 
-bool Holdups::concerns(Kind kind, const Call& call, const Event& event) const {
+std::optional<Holdups::Kind> Holdups::kindOf(What control) {
+  switch (control) {
+    case What::addBegin:
+    case What::addEnd:
+      return add;
+    case What::startBegin:
+    case What::startEnd:
+    case What::pauseBegin:
+    case What::pauseEnd:
+      return request;
+    case What::stopBegin:
+    case What::stopEnd:
+      return stop;
+    default:
+      return std::nullopt;
+  }
+}
+
+bool Holdups::concerns(Kind kind, const Call& call, const Event& event) {
   if (kind == otherCall) return call.begin.printer != event.printer;
-  return call.registered && (kind == stop || call.begin.printer == event.printer);
+  return kind == stop || (call.registered && call.begin.printer == event.printer);
 }
 
 void Holdups::beginControl(Kind kind, const Event& event) {
@@ -65,7 +84,11 @@ void Holdups::endControl(Kind kind, const Event& begin) {
   for (auto& [thread, call] : m_calls) {
     if (!concerns(kind, call, begin) || begin.number < call.begin.number) continue;
     call.ended[kind] = true;
-    m_scores[kind].seen = true;
+    if (proves(kind, call)) {
+      m_scores[kind].seen = true;
+    } else {
+      m_scores[kind].missed = 0;  // where `Stop` comes often, nothing else tells that a machine was slow
+    }
   }
 }
 
@@ -76,7 +99,7 @@ std::optional<std::string> Holdups::endCall(const Event& event) {
   m_calls.erase(place);
   m_lastCall[event.printer] = event.time;
   endControl(otherCall, call.begin);
-  for (const Kind kind : {otherCall, add, stop}) {
+  for (const Kind kind : {otherCall, add, request, stop}) {
     Score& score = m_scores[kind];
     if (!isMissed(kind, call, event.time)) continue;
     score.until = event.time;
@@ -96,17 +119,18 @@ std::optional<std::string> Holdups::see(const Event& event) {
     case What::callEnd:
       return endCall(event);
     case What::stopBegin:
-      beginControl(stop, event);
       m_lastStop = event.time;
-      break;
+      [[fallthrough]];
     case What::addBegin:
-      beginControl(add, event);
+    case What::startBegin:
+    case What::pauseBegin:
+      beginControl(*kindOf(event.what), event);
       break;
     case What::stopEnd:
     case What::addEnd:
-      if (const auto begun = m_control.extract(event.thread)) {
-        endControl(event.what == What::stopEnd ? stop : add, begun.mapped());
-      }
+    case What::startEnd:
+    case What::pauseEnd:
+      if (const auto begun = m_control.extract(event.thread)) endControl(*kindOf(event.what), begun.mapped());
       break;
     case What::threadEnded:
       m_lastEnd[event.printer] = event.number;

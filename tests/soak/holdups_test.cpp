@@ -126,6 +126,34 @@ TEST_F(HoldupsOfControlCalls, FindThatStopNeverReturnsDuringACall) {
   EXPECT_TRUE(says(heldUp(What::stopBegin, What::stopEnd, kEveryPrinter), "no Stop has ever begun and ended"));
 }
 
+TEST_F(HoldupsOfControlCalls, FindThatStopNeverReturnsDuringACallHoweverOftenItComes) {
+  const auto found = longCalls(
+      3, [&] { control(What::stopBegin, kEveryPrinter); }, [&] { control(What::stopEnd, kEveryPrinter); });
+  EXPECT_TRUE(says(found, "no Stop has ever begun and ended"));
+}
+
+TEST_F(HoldupsOfControlCalls, FindNothingWhereStopComesOftenAndMostlyReturns) {
+  const auto stop = [this] {
+    control(What::stopBegin, kEveryPrinter);
+    control(What::stopEnd, kEveryPrinter);
+  };
+  stop();
+  for (int round = 0; round < 10; ++round) {
+    EXPECT_EQ(longCalls(
+                  2, [&] { control(What::stopBegin, kEveryPrinter); }, [&] { control(What::stopEnd, kEveryPrinter); }),
+              std::nullopt);
+    EXPECT_EQ(longCalls(1, stop, kNothing), std::nullopt);
+  }
+}
+
+TEST_F(HoldupsOfControlCalls, FindThatARequestNeverReturnsDuringACall) {
+  for (const auto& [begin, end] : {std::pair(What::startBegin, What::startEnd), std::pair(What::pauseBegin, What::pauseEnd)}) {
+    m_holdups = {};
+    SetUp();
+    EXPECT_TRUE(says(heldUp(begin, end, 0), "no StartNPA or PauseNPA for the same printer has ever begun and ended"));
+  }
+}
+
 TEST_F(HoldupsOfControlCalls, FindNothingWhereAddReturnedDuringACall) {
   see(of(What::callBegin, 0, 10));
   control(What::addBegin);
