@@ -2,7 +2,8 @@
 
 #include "module/Plugin.h"
 
-#include <semaphore>
+#include <condition_variable>
+#include <mutex>
 
 #include "common/AddedTasks.h"
 #include "module/Application.h"
@@ -33,15 +34,24 @@ class MessageWindow : public support::PlainWindow {
     return true;
   }
   __int64 SendSelfMsg(unsigned msg, unsigned __int64 wParam, __int64 lParam) const override {
-    m_senders.release();
+    {
+      const std::lock_guard lock(m_mutex);
+      m_hasSender = true;
+      m_changed.notify_all();
+    }
     return ::SendMessageW(m_window, msg, wParam, lParam);
   }
-  bool waitForSender() const { return m_senders.try_acquire_for(kPatience); }
+  bool waitForSender() const {
+    std::unique_lock lock(m_mutex);
+    return m_changed.wait_for(lock, kPatience, [this] { return m_hasSender; });
+  }
 
  private:
   const HWND m_window =
       ::CreateWindowExW(0, L"Static", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, ::GetModuleHandleW(nullptr), nullptr);
-  mutable std::counting_semaphore<> m_senders{0};
+  mutable std::mutex m_mutex;
+  mutable std::condition_variable m_changed;
+  mutable bool m_hasSender = false;
 };
 
 std::shared_ptr<MessageWindow> g_messageWindow;

@@ -1,8 +1,9 @@
 /// The part of an application that talks to printers, in a library of its own that comes and goes with the module.
 
 #include <chrono>
+#include <condition_variable>
 #include <memory>
-#include <semaphore>
+#include <mutex>
 
 #include "AppCommunication.h"
 #include "common/AddedTasks.h"
@@ -23,13 +24,20 @@ class Listener : public AppWnd::CWnd {
   bool Create(HWND /*parent*/) override { return false; }
   __int64 RunProc(unsigned /*msg*/, unsigned __int64 /*wParam*/, __int64 /*lParam*/) override { return 0; }
   bool Notice(long /*code*/) const override {
-    m_told.release();
+    const std::lock_guard lock(m_mutex);
+    m_isTold = true;
+    m_changed.notify_all();
     return true;
   }
-  bool waitForNotice() const { return m_told.try_acquire_for(kPatience); }
+  bool waitForNotice() const {
+    std::unique_lock lock(m_mutex);
+    return m_changed.wait_for(lock, kPatience, [this] { return m_isTold; });
+  }
 
  private:
-  mutable std::counting_semaphore<> m_told{0};
+  mutable std::mutex m_mutex;
+  mutable std::condition_variable m_changed;
+  mutable bool m_isTold = false;
 };
 
 std::shared_ptr<Listener> g_listener;
