@@ -1,5 +1,5 @@
-# Runs soaks of a faulty module until one ends with a difference, three at most: how the threads meet is not the seed's alone.
-# The difference has to be the one that the fault makes, and the last line of its report says how to repeat it.
+# Runs soaks of a faulty module until one ends with the difference that the fault makes, three at most: how the threads meet is
+# not the seed's alone, and with it what shows the fault first. Each soak that finds something says how to repeat it.
 #   cmake -DPROGRAM=... -DEXPECT=regex [-DSEED=...] -P expect_difference.cmake
 if(NOT SEED)
   set(SEED 5)
@@ -10,17 +10,21 @@ foreach(try RANGE 2)
   separate_arguments(arguments NATIVE_COMMAND "${options}")
   execute_process(COMMAND ${PROGRAM} ${arguments}
     RESULT_VARIABLE code OUTPUT_VARIABLE output ERROR_VARIABLE errors)
-  if(NOT code EQUAL 0)
-    break()
+  string(APPEND seen "exit code ${code}\n${output}${errors}")
+  if(code EQUAL 0)
+    continue()
+  endif()
+  if(NOT code EQUAL 1 OR NOT output MATCHES "repeat with ${options};")
+    message(FATAL_ERROR "expected exit code 1, and how to repeat it:\n${seen}")
+  endif()
+  # What was expected, without what happened before, if it tells that.
+  string(REGEX MATCH "difference.*what the module may have been doing before" found "${output}")
+  if(NOT found)
+    string(REGEX MATCH "difference.*repeat with" found "${output}")
+  endif()
+  if(found MATCHES "${EXPECT}")
+    message("seed ${seed}: ${found}")
+    return()
   endif()
 endforeach()
-# What was expected, without what happened before, if it tells that.
-string(REGEX MATCH "difference.*what the module may have been doing before" found "${output}")
-if(NOT found)
-  string(REGEX MATCH "difference.*repeat with" found "${output}")
-endif()
-if(NOT code EQUAL 1 OR NOT found MATCHES "${EXPECT}" OR NOT output MATCHES "repeat with ${options};")
-  message(FATAL_ERROR "exit code ${code}, expected 1 with a difference that says '${EXPECT}', and how to repeat it:\n"
-                      "${output}${errors}")
-endif()
-message("seed ${seed}: ${found}")
+message(FATAL_ERROR "none of three soaks found a difference that says '${EXPECT}':\n${seen}")
