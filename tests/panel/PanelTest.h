@@ -20,12 +20,9 @@ enum class Page { State, Settings, Maintenance, Network, Wifi, Firmware, Log };
 /// A printer of a scenario. `attributes` and `content` are the scenario's own words.
 std::string printer(const std::string& name, const std::string& attributes = "", const std::string& content = "");
 
-/// Whether the window's thread takes a message sooner than one that waits for a printer that hangs.
-bool answers(HWND window);
-
 /// Runs printer-panel.exe and drives it as a person does: by mouse and keyboard, looking at what its windows show.
 ///
-/// Nothing here goes on when the panel does not answer: each message and each wait has its time limit.
+/// Nothing here goes on when the panel does not answer: each message has a second, each wait `kPatience`.
 class PanelTest : public testing::Test {
  protected:
   static constexpr std::chrono::milliseconds kPatience = std::chrono::seconds(20);
@@ -66,7 +63,8 @@ class PanelTest : public testing::Test {
   void awaitMessage(const std::wstring& part) const { awaitText(ID_MESSAGE, part); }
   void awaitCard(int index, const std::wstring& part) const { awaitText(ID_CARD_FIRST + index, part); }
 
-  bool answers() const { return paneltest::answers(m_window); }
+  /// Whether its thread takes a message within a second.
+  bool answers() const;
 
   static std::wstring textOf(HWND window);
 
