@@ -106,6 +106,32 @@ class Story : public testing::Test {
     notice(task);
   }
 
+  // A StartNPA that is under way has marked the first of two tasks, which is read for both, and leaves.
+  void serveFirstOfTwoDuringAStart(ThreadId starter = kCaller) {
+    add(1, once(Type::State));
+    add(2, repeating(Type::State));
+    beginStart(starter);
+    call(kJobs);
+    call(kRead);
+    notice(1);
+    notice(2);
+    released(1);
+  }
+  // Task 1 hangs in a library call during `Stop`; task 2 has a list of its own by the time that the old worker ends.
+  void endOldWorkerBesideANewList() {
+    add(1, repeating(Type::GetNetwork));
+    seen(callOf(kNetwork));  // hangs
+    stop();
+    add(2, repeating(Type::GetNetwork));
+    runsOn(kNewHelper);
+    network(2);
+    seen({.what = What::callEnd, .thread = kHelper, .function = kNetwork});
+    runsOn(kHelper);
+    notice(1);
+    released(1);
+    seen(endOf(kHelper));
+  }
+
   static Event releaseOf(TaskId task, ThreadId worker = kWorker) {
     return {.what = What::released, .thread = worker, .task = task};
   }

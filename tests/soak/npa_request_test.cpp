@@ -41,14 +41,7 @@ TEST_F(NpaRequest, MayBeFoundBeforeAPauseThatHasReturnedTakesItBack) {
 }
 
 TEST_F(NpaRequest, MayBeLookedForBeforeAStartMarksTheTaskOfAListThatWasStoppedMeanwhile) {
-  add(1, once(Type::State));
-  add(2, repeating(Type::State));
-  beginStart(2);
-  call(kJobs);
-  call(kRead);
-  notice(1);
-  notice(2);
-  released(1);
+  serveFirstOfTwoDuringAStart(2);
   call(kJobs);
   stop();
   endStart(2);
@@ -56,14 +49,7 @@ TEST_F(NpaRequest, MayBeLookedForBeforeAStartMarksTheTaskOfAListThatWasStoppedMe
 }
 
 TEST_F(NpaRequest, ThatAStartHasMadeIsFoundByARunThatBeginsLater) {
-  add(1, once(Type::State));
-  add(2, repeating(Type::State));
-  beginStart();
-  call(kJobs);
-  call(kRead);
-  notice(1);
-  notice(2);
-  released(1);
+  serveFirstOfTwoDuringAStart();
   endStart();
   call(kJobs);
   refused(callOf(kScan), "a call of AppPrinterSdk_GetState is due");

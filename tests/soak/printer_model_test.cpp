@@ -191,17 +191,7 @@ TEST_F(PrinterModelAccepts, EverythingThatIsQueuedDroppedByStop) {
 }
 
 TEST_F(PrinterModelAccepts, ANewListThatAnOldWorkerUnregistered) {
-  add(1, repeating(Type::GetNetwork));
-  seen(callOf(kNetwork));  // hangs
-  stop();
-  add(2, repeating(Type::GetNetwork));
-  runsOn(kNewHelper);
-  network(2);
-  seen({.what = What::callEnd, .thread = kHelper, .function = kNetwork});
-  runsOn(kHelper);
-  notice(1);
-  released(1);
-  seen(endOf(kHelper));
+  endOldWorkerBesideANewList();
   add(3, repeating(Type::GetNetwork));  // the registry is empty: a third list
   runsOn(12);
   network(3);
@@ -313,14 +303,7 @@ TEST_F(PrinterModelAccepts, AWakeUpThatComesLongAfterTheTasksWereMarked) {
 }
 
 TEST_F(PrinterModelAccepts, AnObserverThatIsNotYetMarkedWhereTheFirstTaskIs) {
-  add(1, once(Type::State));
-  add(2, repeating(Type::State));
-  beginStart();
-  call(kJobs);
-  call(kRead);
-  notice(1);
-  notice(2);
-  released(1);
+  serveFirstOfTwoDuringAStart();
   unreadState(2);
   endStart();
   call(kJobs);

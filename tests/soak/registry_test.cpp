@@ -8,17 +8,7 @@ namespace {
 class Registry : public Story {};
 
 TEST_F(Registry, ThatStillHasANewListAfterAnOldWorkersEndIsADifference) {
-  add(1, repeating(Type::GetNetwork));
-  seen(callOf(kNetwork));  // hangs
-  stop();
-  add(2, repeating(Type::GetNetwork));
-  runsOn(kNewHelper);
-  network(2);
-  seen({.what = What::callEnd, .thread = kHelper, .function = kNetwork});
-  runsOn(kHelper);
-  notice(1);
-  released(1);
-  seen(endOf(kHelper));
+  endOldWorkerBesideANewList();
   add(3, repeating(Type::GetNetwork));
   runsOn(kNewHelper);
   call(kNetwork);
