@@ -44,11 +44,8 @@ class Task {
   std::atomic<bool> m_changing{false};
 };
 
-/// Each as likely as the others.
-Type drawType(Random& random);
-
-/// `StartNPA` or `PauseNPA` for a type of the printer, with a task that nobody has added.
-void requestNpa(bool start, PrinterId printer, const PrinterPlan& plan, Type type);
+/// `StartNPA` or `PauseNPA` for a type of the printer, mostly `State`, with a task that nobody has added.
+void requestNpa(Random& random, PrinterId printer, const PrinterPlan& plan);
 
 /// `Stop`.
 void stopAll();

@@ -78,10 +78,7 @@ void Callers::actOn(PrinterId place, Random& random) {
   const int what = random.between(1, 100);
   if (what <= 45) return add(random, place);
   if (what <= (stopsSeldom(m_seed) ? 50 : 46)) return emptyPrinter(place);
-  if (what <= 65) {
-    const Type type = random.chance(80) ? Type::State : drawType(random);
-    return requestNpa(random.chance(50), place, m_plans[place], type);
-  }
+  if (what <= 65) return requestNpa(random, place, m_plans[place]);
   const auto task = anyTask(random, place);
   if (task == nullptr) return;
   if (what <= 85) return task->setDelete();

@@ -23,6 +23,8 @@ std::shared_ptr<qzstd::PrinterInfo> describe(const PrinterPlan& plan, const Task
   return info;
 }
 
+Type drawType(Random& random) { return static_cast<Type>(random.between(0, static_cast<int>(kTypes) - 1)); }
+
 bool takesLong(Type type) {
   return type == Type::FirmUpgrade || type == Type::FirmUpCheck || type == Type::GetWifiList || type == Type::SetWifiList;
 }
@@ -49,14 +51,12 @@ TaskTraits drawTraits(Random& random, const PrinterPlan& plan) {
 
 }  // namespace
 
-Type drawType(Random& random) { return static_cast<Type>(random.between(0, static_cast<int>(kTypes) - 1)); }
-
 std::shared_ptr<Task> Task::draw(std::uint64_t seed, Random& random, PrinterId printer, const PrinterPlan& plan, TaskId code) {
   const TaskTraits traits = drawTraits(random, plan);
   const auto info = describe(plan, traits);
   if (random.chance(30)) info->name = L"device of task " + std::to_wstring(code);
   auto record = drawRecord(random, traits, printer, code, plan.interval <= 0);
-  const auto window = std::make_shared<Window>(seed, printer, code, traits.type, plan.interval <= 0, record);
+  const auto window = std::make_shared<Window>(seed, printer, plan, code, traits.type, record);
   auto node = AppComm::Node::Instance(info, window, static_cast<long>(code), traits.type);
   window->belongsTo(node);
   node->setResource(std::move(record));
@@ -103,9 +103,10 @@ bool Task::setOnce(bool once) {
   return true;
 }
 
-void requestNpa(bool start, PrinterId printer, const PrinterPlan& plan, Type type) {
-  const TaskTraits traits{.type = type};
-  auto node = AppComm::Node::Instance(describe(plan, traits), nullptr, 0, type);
+void requestNpa(Random& random, PrinterId printer, const PrinterPlan& plan) {
+  const TaskTraits traits{.type = random.chance(80) ? Type::State : drawType(random)};
+  const bool start = random.chance(50);
+  auto node = AppComm::Node::Instance(describe(plan, traits), nullptr, 0, traits.type);
   const auto record = [&](What what, int result) {
     Recorder::instance().record({.what = what, .printer = printer, .value = result, .traits = traits});
   };
