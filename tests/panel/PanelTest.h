@@ -9,8 +9,10 @@
 #include <string>
 #include <vector>
 
+#include "Messenger.h"
 #include "examples/panel/Ids.h"
 #include "support/ChildProcess.h"
+#include "wnd/WindowThread.h"
 
 namespace paneltest {
 
@@ -22,7 +24,7 @@ std::string printer(const std::string& name, const std::string& attributes = "",
 
 /// Runs printer-panel.exe and drives it as a person does: by mouse and keyboard, looking at what its windows show.
 ///
-/// Nothing here goes on when the panel does not answer: each message has a second, each wait `kPatience`.
+/// Nothing here goes on when the panel does not answer: each message has a second (`Messenger`), each wait `kPatience`.
 class PanelTest : public testing::Test {
  protected:
   static constexpr std::chrono::milliseconds kPatience = std::chrono::seconds(20);
@@ -63,12 +65,14 @@ class PanelTest : public testing::Test {
   void awaitMessage(const std::wstring& part) const { awaitText(ID_MESSAGE, part); }
   void awaitCard(int index, const std::wstring& part) const { awaitText(ID_CARD_FIRST + index, part); }
 
-  /// Whether its thread takes a message within a second.
-  bool answers() const;
+  /// Whether its thread takes messages.
+  bool answers() const { return m_messenger.send(m_window, WM_NULL); }
 
-  static std::wstring textOf(HWND window);
+  std::wstring textOf(HWND window) const;
 
  private:
+  const WindowThread m_idle;
+  const Messenger m_messenger{m_idle.parent()};
   const std::filesystem::path m_folder = L"C:\\panel-test";
   std::unique_ptr<support::ChildProcess> m_panel;
   HWND m_window = nullptr;

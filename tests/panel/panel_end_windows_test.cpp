@@ -59,13 +59,7 @@ TEST_F(PanelTest, MistakeInTheScenarioIsToldWithItsLine) {
   const HWND box = awaitWindow(L"#32770");
   ASSERT_NE(box, nullptr);
   std::wstring told;
-  ::EnumChildWindows(
-      box,
-      [](HWND child, LPARAM all) {
-        *reinterpret_cast<std::wstring*>(all) += textOf(child) + L"\n";
-        return TRUE;
-      },
-      reinterpret_cast<LPARAM>(&told));
+  for (HWND child = nullptr; (child = ::FindWindowExW(box, child, nullptr, nullptr)) != nullptr;) told += textOf(child) + L"\n";
   EXPECT_TRUE(contains(told, L"scenario.xml:2: ")) << testing::PrintToString(told);
   EXPECT_TRUE(contains(told, L"'wifi'")) << testing::PrintToString(told);
   ::PostMessageW(box, WM_COMMAND, IDOK, 0);

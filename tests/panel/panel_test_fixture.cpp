@@ -9,8 +9,7 @@ namespace {
 using std::chrono::milliseconds;
 using std::chrono::steady_clock;
 
-constexpr UINT kAnswerTime = 1000;  // milliseconds
-constexpr DWORD kLookAgain = 20;    // milliseconds
+constexpr DWORD kLookAgain = 20;  // milliseconds
 constexpr const wchar_t* kDialog = L"#32770";
 // One control of each page, in the order of the tabs.
 constexpr std::array kOnPage{ID_STATE_READ, ID_SETTINGS_READ,  ID_CLEAN,      ID_NETWORK_READ,
@@ -106,12 +105,11 @@ HWND PanelTest::control(int id) const {
   return found;
 }
 
-std::wstring PanelTest::textOf(HWND window) {
+std::wstring PanelTest::textOf(HWND window) const {
   std::array<wchar_t, 8192> text{};
   DWORD_PTR length = 0;
-  const auto answered = ::SendMessageTimeoutW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()),
-                                              SMTO_ABORTIFHUNG, kAnswerTime, &length);
-  EXPECT_NE(answered, 0) << "the panel does not answer";
+  EXPECT_TRUE(m_messenger.send(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()), &length))
+      << "the panel does not answer";
   return {text.data(), text.data() + length};
 }
 
@@ -160,11 +158,6 @@ void PanelTest::awaitText(int id, const std::wstring& part) const {
   if (shown == nullptr) return;
   EXPECT_TRUE(eventually([&] { return contains(textOf(shown), part); }))
       << "not seen: " << testing::PrintToString(part) << "; last seen: " << testing::PrintToString(textOf(shown));
-}
-
-bool PanelTest::answers() const {
-  DWORD_PTR result = 0;
-  return ::SendMessageTimeoutW(m_window, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, kAnswerTime, &result) != 0;
 }
 
 }  // namespace paneltest

@@ -1,7 +1,9 @@
 /// printer-panel.exe: its list of printers, and that it goes on while one of them hangs.
 
 #include <atomic>
+#include <functional>
 #include <thread>
+#include <utility>
 
 #include "PanelTest.h"
 
@@ -78,11 +80,10 @@ TEST_F(PanelTest, PrinterThatIsReadRarelyIsNotSaidToBeSilent) {
   EXPECT_FALSE(contains(card(0), L"no answer for")) << testing::PrintToString(card(0));
 }
 
-/// Sends the window empty messages, one after another, for as long as it lives, and counts those that get no answer in a
-/// second.
+/// Asks for an answer again and again for as long as it lives, and counts those that came and those that did not.
 class Heartbeat {
  public:
-  explicit Heartbeat(HWND window) : m_thread([this, window] { beat(window); }) {}
+  explicit Heartbeat(std::function<bool()> answers) : m_answers(std::move(answers)), m_thread(&Heartbeat::beat, this) {}
   ~Heartbeat() { stop(); }
   Heartbeat(const Heartbeat&) = delete;
   Heartbeat& operator=(const Heartbeat&) = delete;
@@ -96,15 +97,14 @@ class Heartbeat {
   int missed() const { return m_missed; }
 
  private:
-  void beat(HWND window) {
+  void beat() {
     while (!m_ending) {
-      DWORD_PTR result = 0;
-      const bool answered = ::SendMessageTimeoutW(window, WM_NULL, 0, 0, SMTO_ABORTIFHUNG, 1000, &result) != 0;
-      ++(answered ? m_answered : m_missed);
+      ++(m_answers() ? m_answered : m_missed);
       std::this_thread::sleep_for(20ms);  // leaves the window time for others
     }
   }
 
+  const std::function<bool()> m_answers;
   std::atomic<bool> m_ending{false};
   std::atomic<int> m_answered{0};
   std::atomic<int> m_missed{0};
@@ -116,7 +116,7 @@ TEST_F(PanelTest, NeverFreezesWhileAPrinterHangsForHalfAMinute) {
          printer("Hall", "status='0'",
                  "<timeline><at ms='1000'><status value='3'/></at><at ms='2000'><status value='4'/></at>"
                  "<at ms='9000'><status value='5'/></at><at ms='10000'><status value='0'/></at></timeline>")});
-  Heartbeat heartbeat(window());
+  Heartbeat heartbeat([this] { return answers(); });
   show(Page::Settings);
   click(ID_SETTINGS_READ);  // waits for the hanging printer as well
   awaitMessage(L"Read settings, Desk ... for ");
