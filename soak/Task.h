@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "AppCommunication.h"
+#include "Checker.h"
 #include "Printers.h"
 #include "Random.h"
 
@@ -14,9 +15,9 @@ namespace soak {
 /// go of it; the task itself may live on here, for calls on a task that has left.
 class Task {
  public:
-  /// Draws everything from `random`. `code` names the task.
-  static std::shared_ptr<Task> draw(std::uint64_t seed, Random& random, PrinterId printer, const PrinterPlan& plan,
-                                    TaskId code);
+  /// Draws everything from `random`. `code` names the task. `plan` and `checker` have to outlive its window.
+  static std::shared_ptr<Task> draw(std::uint64_t seed, Random& random, PrinterId printer, const PrinterPlan& plan, TaskId code,
+                                    const Checker& checker);
 
   Task(PrinterId printer, TaskId code, const TaskTraits& traits, std::shared_ptr<AppComm::Node> node);
 

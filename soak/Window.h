@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "Checker.h"
 #include "Node.h"
 #include "Printers.h"
 #include "Records.h"
@@ -16,8 +17,9 @@ namespace soak {
 /// random.
 class Window : public support::PlainWindow {
  public:
-  /// `plan` has to outlive it.
-  Window(std::uint64_t seed, PrinterId printer, const PrinterPlan& plan, TaskId task, Type type, const std::any& record);
+  /// `plan` and `checker` have to outlive it.
+  Window(std::uint64_t seed, PrinterId printer, const PrinterPlan& plan, TaskId task, Type type, const std::any& record,
+         const Checker& checker);
 
   /// The task whose window it is; before the task is added.
   void belongsTo(const std::shared_ptr<AppComm::Node>& task) { m_node = task; }
@@ -32,7 +34,8 @@ class Window : public support::PlainWindow {
   std::weak_ptr<AppComm::Node> m_node;  // which holds this window
   const Type m_type;
   const std::shared_ptr<AppComm::State> m_state;  // of a state task
-  mutable std::uint64_t m_notices = 0;            // they come one after the other
+  const Checker& m_checker;
+  mutable std::uint64_t m_notices = 0;  // they come one after the other
 };
 
 }  // namespace soak

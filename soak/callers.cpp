@@ -94,7 +94,7 @@ PrinterId Callers::choosePrinter(Random& random) const {
 
 void Callers::add(Random& random, PrinterId place) {
   Printer& printer = *m_printers[place];
-  const auto task = Task::draw(m_seed, random, place, m_plans[place], ++m_lastCode);
+  const auto task = Task::draw(m_seed, random, place, m_plans[place], ++m_lastCode, m_checker);
   const bool deletedBefore = random.chance(2);
   const bool deletedAtOnce = random.chance(2);
   {

@@ -1,9 +1,11 @@
 /// A soak of the module: what it does under many callers and faults, compared with a model of its contract.
 
 #include <chrono>
+#include <condition_variable>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <mutex>
 #include <string>
 #include <string_view>
 #include <thread>
@@ -17,6 +19,8 @@
 namespace {
 
 using namespace std::chrono_literals;
+
+constexpr int kThreadsOfPrinter = 4;  // a list's two, and often those of one that is ending
 
 void print(const std::string& text) {
   std::fputs(text.c_str(), stdout);
@@ -32,6 +36,22 @@ std::string repeatLine(const soak::Options& options) {
 [[noreturn]] void endWith(const soak::Options& options, const std::string& difference, const soak::Totals& totals) {
   print(difference + repeatLine(options) + lastLine(options.printers, totals) + "\n");
   std::_Exit(1);
+}
+
+// The platform keeps what a thread had for the next one: as much as there were threads at once.
+void startAtOnce(int count) {
+  std::mutex mutex;
+  std::condition_variable allStarted;
+  int missing = count;
+  std::vector<std::thread> threads;
+  for (int number = 0; number < count; ++number) {
+    threads.emplace_back([&] {
+      std::unique_lock lock(mutex);
+      if (--missing == 0) allStarted.notify_all();
+      allStarted.wait(lock, [&] { return missing == 0; });
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
 }
 
 soak::Options g_options;  // fixed before the first thread
@@ -63,6 +83,7 @@ int run(const soak::Options& options) {
   const auto onDifference = [&options](const std::string& text, const soak::Totals& totals) { endWith(options, text, totals); };
   // What the platform and the libraries make once is there from now on.
   soak::runSoak(options.seed, options.printers, 1s, onDifference);
+  startAtOnce(kThreadsOfPrinter * options.printers);
   const auto before = soak::Resources::now();
   auto totals = soak::runSoak(options.seed, options.printers, options.length, onDifference);
   if (const auto left = soak::leftOver(before)) {

@@ -51,12 +51,13 @@ TaskTraits drawTraits(Random& random, const PrinterPlan& plan) {
 
 }  // namespace
 
-std::shared_ptr<Task> Task::draw(std::uint64_t seed, Random& random, PrinterId printer, const PrinterPlan& plan, TaskId code) {
+std::shared_ptr<Task> Task::draw(std::uint64_t seed, Random& random, PrinterId printer, const PrinterPlan& plan, TaskId code,
+                                 const Checker& checker) {
   const TaskTraits traits = drawTraits(random, plan);
   const auto info = describe(plan, traits);
   if (random.chance(30)) info->name = L"device of task " + std::to_wstring(code);
   auto record = drawRecord(random, traits, printer, code, plan.interval <= 0);
-  const auto window = std::make_shared<Window>(seed, printer, plan, code, traits.type, record);
+  const auto window = std::make_shared<Window>(seed, printer, plan, code, traits.type, record, checker);
   auto node = AppComm::Node::Instance(info, window, static_cast<long>(code), traits.type);
   window->belongsTo(node);
   node->setResource(std::move(record));

@@ -14,8 +14,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr int kRefusals = 6;                // percent; of the next as well
-constexpr int kCalls = 3;                   // of the module, which must hold no lock while a window is told
+constexpr int kRefusals = 6;                // percent
+constexpr int kCalls = 3;                   // percent: of the module, which must hold no lock while a window is told
 constexpr std::uint64_t kLongestWatch = 4;  // notices: nothing else ends a watch
 
 std::shared_ptr<AppComm::State> stateOf(Type type, const std::any& record) {
@@ -30,8 +30,15 @@ std::int32_t queried(const AppComm::State* state) {
 
 }  // namespace
 
-Window::Window(std::uint64_t seed, PrinterId printer, const PrinterPlan& plan, TaskId task, Type type, const std::any& record)
-    : m_seed(seed), m_printer(printer), m_plan(plan), m_task(task), m_type(type), m_state(stateOf(type, record)) {}
+Window::Window(std::uint64_t seed, PrinterId printer, const PrinterPlan& plan, TaskId task, Type type, const std::any& record,
+               const Checker& checker)
+    : m_seed(seed),
+      m_printer(printer),
+      m_plan(plan),
+      m_task(task),
+      m_type(type),
+      m_state(stateOf(type, record)),
+      m_checker(checker) {}
 
 bool Window::Notice(long code) const {
   Recorder& recorder = Recorder::instance();
@@ -48,7 +55,7 @@ bool Window::Notice(long code) const {
   Random random(m_seed, (std::uint64_t{m_task} << 20U) + ++m_notices);
   const bool slow = m_plan.interval <= 0;  // there is no pause between runs
   if (slow || random.chance(10)) std::this_thread::sleep_for(std::chrono::milliseconds(random.between(1, 3)));
-  if (random.chance(kCalls)) requestNpa(random, m_printer, m_plan);
+  if (random.chance(kCalls) && !m_checker.isUnclear(m_printer)) requestNpa(random, m_printer, m_plan);
   const bool goesOn = !random.chance(kRefusals) && (m_type != Type::FirmUpCheck || m_notices < kLongestWatch);
   recorder.record({.what = What::noticeEnd, .printer = m_printer, .task = task, .value = goesOn ? 1 : 0});
   return goesOn;
