@@ -8,7 +8,7 @@ namespace {
 class NpaRequest : public Story {
  protected:
   // Both tasks are of one entry, whose first task is marked before the second.
-  void begin(What call) { seen({.what = call, .thread = kCaller, .traits = {.type = Type::State}}); }
+  void begin(What call, ThreadId thread = kCaller) { seen({.what = call, .thread = thread, .traits = {.type = Type::State}}); }
 };
 
 TEST_F(NpaRequest, MayBeLookedForBeforeAStartThatHasReturnedMarksTheTask) {
@@ -75,6 +75,46 @@ TEST_F(NpaRequest, MayBeMissingInTheRecordOfAnObserverThatCameAfterTheRead) {
   seen(noticeTo(1, 1));
   seen({.what = What::noticeEnd, .thread = kHelper, .task = 1, .value = 1});
   seen(noticeTo(2, 0));
+}
+
+TEST_F(NpaRequest, ThatAWindowMakesWhileItIsToldIsFoundByTheNextRun) {
+  add(1, repeating(Type::State));
+  call(kJobs);
+  call(kScan);
+  seen(noticeTo(1));
+  beginStart(kHelper);
+  endStart(kHelper);
+  seen({.what = What::noticeEnd, .thread = kHelper, .task = 1, .value = 1});
+  call(kJobs);
+  refused(callOf(kScan), "a call of AppPrinterSdk_GetState is due");
+}
+
+TEST_F(NpaRequest, ThatAWindowTakesBackWhileItIsToldIsGoneInTheNextRun) {
+  add(1, repeating(Type::State));
+  startNpa();
+  call(kJobs);
+  call(kRead);
+  seen(noticeTo(1, 1));
+  startNpa();  // on another thread
+  begin(What::pauseBegin, kHelper);
+  seen({.what = What::pauseEnd, .thread = kHelper});
+  seen({.what = What::noticeEnd, .thread = kHelper, .task = 1, .value = 1});
+  call(kJobs);
+  refused(callOf(kRead), "a call of AppPrinterSdk_IsSuppportPushScan is due");
+}
+
+TEST_F(NpaRequest, MayBeMadeByAWindowWhileACallerTakesItBack) {
+  add(1, repeating(Type::State));
+  call(kJobs);
+  call(kScan);
+  seen(noticeTo(1));
+  beginStart(kHelper);
+  begin(What::pauseBegin);
+  endStart(kHelper);
+  seen({.what = What::noticeEnd, .thread = kHelper, .task = 1, .value = 1});
+  seen({.what = What::pauseEnd, .thread = kCaller});
+  call(kJobs);
+  call(kRead);
 }
 
 }  // namespace
